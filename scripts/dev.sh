@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# One entry point for a fresh Debian or Ubuntu machine:
+#   scripts/dev.sh demo    install what is missing, build, make a demo home, scan it
+#   scripts/dev.sh test    install what is missing, build, run every test
+#   scripts/dev.sh build   install what is missing and build
+set -euo pipefail
+
+raiz="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
+build="${VORLANO_BUILD:-$raiz/build}"
+
+# Everything the build and the tests need, from Debian's archive.
+paquetes=(
+  build-essential cmake ninja-build pkg-config git
+  qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
+  libqt6svg6 qt6-svg-dev
+  libicu-dev libssl-dev libplist-dev libtbb-dev nlohmann-json3-dev libglib2.0-dev
+  libgtest-dev libgmock-dev libbenchmark-dev
+  # used by the tests: a real session bus, the standard trash reader, chattr, setpriv
+  dbus dbus-x11 trash-cli e2fsprogs util-linux time procps
+)
+
+instalar() {
+  local faltan=()
+  for p in "${paquetes[@]}"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || faltan+=("$p")
+  done
+  [ ${#faltan[@]} -eq 0 ] && return 0
+  echo "Instalando: ${faltan[*]}"
+  local sudo=()
+  [ "$(id -u)" -ne 0 ] && sudo=(sudo)
+  export DEBIAN_FRONTEND=noninteractive
+  "${sudo[@]}" apt-get update -qq
+  "${sudo[@]}" apt-get install -y -qq --no-install-recommends "${faltan[@]}"
+}
+
+compilar() {
+  cmake -S "$raiz" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
+  cmake --build "$build"
+}
+
+case "${1:-}" in
+  demo)
+    instalar; compilar
+    casa="${VORLANO_DEMO:-$build/casa-demo}"
+    "$raiz/scripts/casa-demo.sh" "$casa"
+    VORLANO_HOME="$casa" "$build/vorlano" --scan
+    ;;
+  test)
+    instalar; compilar
+    ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
+    ;;
+  build)
+    instalar; compilar
+    ;;
+  *)
+    echo "uso: scripts/dev.sh demo|test|build" >&2
+    exit 2
+    ;;
+esac
