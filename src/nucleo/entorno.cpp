@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "nucleo/entorno.h"
+
+#include "plataforma/sistema.h"
+
+#include <cstdlib>
+
+namespace fs = std::filesystem;
+
+fs::path estandarizar(const fs::path& p)
+{
+    std::error_code ec;
+    fs::path abs = p.is_absolute() ? p : fs::absolute(p, ec);
+    if (ec)
+        abs = p;
+    fs::path n = abs.lexically_normal();
+    // "/a/b/" normalises to "/a/b/" (an empty last element); drop it.
+    if (!n.has_filename() && n.has_relative_path())
+        n = n.parent_path();
+    return n;
+}
+
+Entorno Entorno::actual()
+{
+    const char* v = std::getenv("VORLANO_HOME");
+    if (v != nullptr && *v != '\0')
+        return Entorno{estandarizar(v), true};
+    return Entorno{estandarizar(plataforma::carpetaPersonalReal()), false};
+}
+
+fs::path Entorno::ruta(std::string_view relativa) const
+{
+    return home / fs::path(relativa);
+}

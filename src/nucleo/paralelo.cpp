@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "nucleo/paralelo.h"
+
+#include <tbb/blocked_range.h>
+#include <tbb/parallel_for.h>
+
+void enParalelo(size_t n, const std::function<void(size_t)>& f)
+{
+    if (n == 0)
+        return;
+    // Grain 1: jobs vary from one file to a whole tree, so let TBB steal work
+    // item by item rather than hand out fixed chunks.
+    tbb::parallel_for(
+        tbb::blocked_range<size_t>(0, n, 1),
+        [&](const tbb::blocked_range<size_t>& r) {
+            for (size_t i = r.begin(); i != r.end(); ++i)
+                f(i);
+        },
+        tbb::simple_partitioner());
+}

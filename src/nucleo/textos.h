@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// User-visible text. Every text the user sees is a Spanish source string looked
+// up in Qt's translations; the Spanish text is the key.
+
+#include <initializer_list>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+// The translation of a Spanish source text, UTF-8. Without an installed
+// translation (or without a QCoreApplication) this is the text itself.
+std::string tr(const char* clave);
+
+// Puts each value in place of its "{nombre}" marker; the rest is literal.
+std::string rellenar(std::string texto,
+                     std::initializer_list<std::pair<std::string_view, std::string_view>> valores);
+
+// Valid UTF-8 for display: bytes that aren't become U+FFFD. File names are
+// bytes and may not be text; this is for the edge where they are shown.
+std::string textoVisible(std::string_view bytes);
+
+// The languages the program has texts in; Spanish, the source, always.
+std::vector<std::string> idiomasDisponibles();
+
+// The best match of the user's UI languages among those, else "es".
+// Computed once per process.
+const std::string& localeApp();
+
+// Installs the translation of localeApp() into the running QCoreApplication.
+void instalarTraducciones();
+
+// Lower case for comparisons of names: full Unicode rules for valid UTF-8,
+// ASCII only for bytes that aren't text.
+std::string minusculas(std::string_view texto);
+
+// Number of characters (code points) of UTF-8 text; invalid bytes count one each.
+size_t caracteres(std::string_view texto);
