@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// Sizes are allocated blocks (st_blocks * 512), never logical length. Links
+// count as themselves and are never followed; walks stay on one device.
+
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+// Allocated bytes of the whole tree under the path; 0 if it can't be walked.
+// A file reached twice through hard links counts twice.
+int64_t tamanoEnDisco(const std::filesystem::path& ruta);
+
+// Allocated bytes of the entry itself, nothing below it.
+int64_t tamanoPropio(const std::filesystem::path& ruta);
+
+// One sum per list, at the same index. Directories are split one level down so
+// that their children spread over the workers. progreso, if given, gets a whole
+// percentage every 200 finished jobs, from worker threads, possibly out of order.
+std::vector<int64_t> medirEnParalelo(const std::vector<std::vector<std::filesystem::path>>& listas,
+                                     const std::function<void(int)>& progreso = {});
