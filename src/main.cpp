@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The one entry point: a terminal flag runs one job and ends with status 0.
+#include "consola.h"
+#include "nucleo/entorno.h"
+#include "nucleo/textos.h"
+#include "plataforma/sistema.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdio>
+#include <string_view>
+
+namespace {
+
+bool tiene(int argc, char** argv, std::string_view flag)
+{
+    return std::any_of(argv + 1, argv + argc, [&](const char* a) { return flag == a; });
+}
+
+void imprimir(const std::string& s)
+{
+    std::fwrite(s.data(), 1, s.size(), stdout);
+}
+
+std::string ayuda()
+{
+    return tr("Vorlano analiza tu carpeta personal, ordena lo que se puede borrar por lo seguro que es "
+              "y no borra nada sin tu confirmación.\n"
+              "\n"
+              "Uso: vorlano [opción]\n"
+              "\n"
+              "  --scan            analiza y muestra el informe; no cambia nada\n"
+              "  --clean-defaults  analiza, muestra el informe y limpia lo seleccionado por defecto\n"
+              "  --clean-all       analiza, muestra el informe, selecciona todo y limpia\n"
+              "  --help            muestra esta ayuda\n"
+              "  --version         muestra la versión\n"
+              "\n"
+              "Limpiar desde la terminal solo funciona en modo de prueba: con VORLANO_HOME apuntando a una\n"
+              "carpeta, Vorlano trabaja allí como si fuera tu carpeta personal y no toca nada más.\n"
+              "VORLANO_TIEMPOS muestra en la salida de errores cuánto tarda cada etapa del análisis.\n");
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // Test mode is hermetic: whatever the program writes stays in the scratch home.
+    if (const Entorno e = Entorno::actual(); e.prueba)
+        plataforma::aislarEnCarpeta(e.home);
+
+    QCoreApplication app(argc, argv);
+    // Qt sets the C locale from the environment; numbers we print with printf
+    // keep the point.
+    std::setlocale(LC_NUMERIC, "C");
+    instalarTraducciones();
+
+    int estado = 0;
+    if (tiene(argc, argv, "--help")) {
+        imprimir(ayuda());
+    } else if (tiene(argc, argv, "--version")) {
+        imprimir(std::string("vorlano ") + VORLANO_VERSION + "\n");
+    } else if (tiene(argc, argv, "--scan") || tiene(argc, argv, "--clean-defaults") ||
+               tiene(argc, argv, "--clean-all")) {
+        Consola::ejecutar(!tiene(argc, argv, "--scan"), tiene(argc, argv, "--clean-all"));
+    } else {
+        // Until the desktop application exists, a run without a flag explains itself.
+        imprimir(ayuda());
+    }
+    std::fflush(stdout);
+    return estado;
+}
