@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// A little language for test trees: a scratch home under the temporary folder,
+// removed with everything in it when the object goes.
+
+#include "nucleo/entorno.h"
+#include "nucleo/formato.h"
+
+#include <cstdint>
+#include <filesystem>
+#include <string_view>
+
+namespace apoyo {
+
+namespace fs = std::filesystem;
+
+class CasaPrueba {
+public:
+    CasaPrueba();
+    ~CasaPrueba();
+    CasaPrueba(const CasaPrueba&) = delete;
+    CasaPrueba& operator=(const CasaPrueba&) = delete;
+
+    const fs::path& raiz() const { return raiz_; }
+    fs::path ruta(std::string_view relativa) const { return raiz_ / relativa; }
+    // The environment of a test-mode run in this home.
+    Entorno entorno() const { return Entorno{raiz_, true}; }
+
+    // Each creates its parents and returns the absolute path.
+    fs::path crearDir(std::string_view relativa);
+    // A file of exactly `bytes` bytes of data; with 4 KiB blocks, a multiple of
+    // 4096 is also its allocated size.
+    fs::path archivo(std::string_view relativa, int64_t bytes, char relleno = 'x');
+    fs::path archivoCon(std::string_view relativa, std::string_view contenido);
+    // A file of that length with no data blocks at all.
+    fs::path disperso(std::string_view relativa, int64_t longitud);
+    fs::path enlace(std::string_view relativa, const fs::path& destino);
+    fs::path enlaceDuro(std::string_view relativa, std::string_view existente);
+    // n files of `bytes` bytes each in one folder.
+    fs::path muchos(std::string_view carpeta, int n, int64_t bytes);
+    // Mode 000 (the removal at the end puts the rights back).
+    void sinPermisos(std::string_view relativa);
+    // Sets the modification (and access) time, without following links.
+    void fecha(std::string_view relativa, Fecha cuando);
+
+private:
+    fs::path raiz_;
+};
+
+// Allocated bytes of one entry (st_blocks * 512), without following links.
+int64_t asignado(const fs::path& p);
+
+// What `du -B1 -s` says of a path: the reference for sizes.
+int64_t du(const fs::path& p);
+
+// A unique scratch folder under the temporary folder, and its removal.
+fs::path carpetaTemporal(std::string_view prefijo);
+void borrarArbol(const fs::path& p);
+
+} // namespace apoyo

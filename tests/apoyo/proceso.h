@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// Real child processes for tests: the vorlano binary and other programs, with
+// both outputs captured and the exit status.
+
+#include <filesystem>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace apoyo {
+
+struct Salida {
+    int estado = -1; // exit status, or -1 if it didn't exit normally
+    std::string salida;
+    std::string errores;
+};
+
+// Runs a program with the test's environment plus `entorno` (a value of
+// nullopt removes the variable), waits for it, and returns what it wrote.
+Salida ejecutarPrograma(const std::string& programa, const std::vector<std::string>& argumentos,
+                        const std::map<std::string, std::optional<std::string>>& entorno = {});
+
+// The built vorlano binary, in test mode on the given home unless the
+// environment given says otherwise.
+Salida ejecutarVorlano(const std::filesystem::path& home, const std::vector<std::string>& argumentos,
+                       std::map<std::string, std::optional<std::string>> entorno = {});
+
+// The same, run as the unprivileged user "nobody" when the tests run as root
+// (root ignores file modes); the home is made traversable for that user.
+Salida ejecutarVorlanoSinPrivilegios(const std::filesystem::path& home, const std::vector<std::string>& argumentos,
+                                     std::map<std::string, std::optional<std::string>> entorno = {});
+
+// The children of this process still present (alive or zombie), by pid.
+std::vector<int> hijosVivos();
+
+} // namespace apoyo
