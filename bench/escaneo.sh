@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# `vorlano --scan` against `du -s` of the same Library folder, on a generated
+# home whose files lie mostly under Library/Caches and Library/Logs.
+#   bench/escaneo.sh [archivos (1000000)] [rondas (5)]
+# Warm cache: one untimed run of each first. Runs alternate so both see the
+# same machine. Prints both medians, the ratio and both peak memories.
+set -euo pipefail
+source "$(dirname "$0")/comun.sh"
+
+archivos="${1:-1000000}"
+rondas="${2:-5}"
+base="${VORLANO_BENCH_DIR:-/tmp/vorlano-bench}"
+casa="$base/escaneo-$archivos"
+tiempos="$(mktemp)"
+trap 'rm -f "$tiempos"' EXIT
+
+mkdir -p "$base"
+generar "$casa" --archivos "$archivos" --caches 0.8 --logs 0.15 --node-modules 0.01 --hijos-caches 400 --semilla 7
+
+du -s "$casa/Library" >/dev/null
+VORLANO_HOME="$casa" "$build/vorlano" --scan >/dev/null
+for ((i = 0; i < rondas; i++)); do
+  medir du du -s "$casa/Library"
+  VORLANO_HOME="$casa" medir vorlano "$build/vorlano" --scan
+done
+
+read -r t_du m_du <<<"$(resumen du)"
+read -r t_v m_v <<<"$(resumen vorlano)"
+echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
+printf "%-26s %8s s   pico %7s MB\n" "du -s Library" "$t_du" "$m_du" "vorlano --scan" "$t_v" "$m_v"
+awk -v a="$t_v" -v b="$t_du" 'BEGIN { printf "razón vorlano / du: %.2f (objetivo <= 0.70)\n", a / b }'
