@@ -17,10 +17,12 @@ medir() {
 
 # resumen <nombre>: "mediana_s pico_MB" of the runs of that command.
 resumen() {
-  awk -v n="$1" '$1 == n { t[++k] = $2; if ($3 > m) m = $3 }
-    END { if (k == 0) { print "? ?"; exit }
-          asort(t); med = (k % 2) ? t[(k + 1) / 2] : (t[k / 2] + t[k / 2 + 1]) / 2
-          printf "%.3f %.1f\n", med, m / 1024 }' "$tiempos"
+  local med pico
+  med="$(awk -v n="$1" '$1 == n { print $2 }' "$tiempos" | sort -n |
+    awk '{ t[NR] = $1 } END { if (NR == 0) print "?"; else if (NR % 2) printf "%.3f", t[(NR + 1) / 2];
+                              else printf "%.3f", (t[NR / 2] + t[NR / 2 + 1]) / 2 }')"
+  pico="$(awk -v n="$1" '$1 == n && $3 > m { m = $3 } END { printf "%.1f", m / 1024 }' "$tiempos")"
+  echo "$med $pico"
 }
 
 # generar <carpeta> <opciones...>: a synthetic home, reused while the options

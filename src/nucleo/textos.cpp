@@ -134,3 +134,8 @@ size_t caracteres(std::string_view texto)
             ++n;
     return n;
 }
+
+bool esUtf8(std::string_view bytes)
+{
+    return esAscii(bytes) || esUtf8Valido(bytes);
+}

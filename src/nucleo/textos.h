@@ -36,5 +36,8 @@ void instalarTraducciones();
 // ASCII only for bytes that aren't text.
 std::string minusculas(std::string_view texto);
 
+// Whether the bytes are valid UTF-8.
+bool esUtf8(std::string_view bytes);
+
 // Number of characters (code points) of UTF-8 text; invalid bytes count one each.
 size_t caracteres(std::string_view texto);

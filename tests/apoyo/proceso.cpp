@@ -4,6 +4,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <poll.h>
+#include <grp.h>
 #include <spawn.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -111,6 +112,24 @@ Salida ejecutarVorlanoSinPrivilegios(const std::filesystem::path& home, const st
     std::vector<std::string> args{"--reuid=65534", "--regid=65534", "--clear-groups", VORLANO_BIN};
     args.insert(args.end(), argumentos.begin(), argumentos.end());
     return ejecutarPrograma("/usr/bin/setpriv", args, entorno);
+}
+
+bool comoUsuarioSinPrivilegios(const std::filesystem::path& carpeta, const std::function<bool()>& f)
+{
+    if (::geteuid() != 0)
+        return f();
+    ::chmod(carpeta.c_str(), 0755);
+    std::fflush(nullptr);
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        const bool ok = ::setgroups(0, nullptr) == 0 && ::setresgid(65534, 65534, 65534) == 0 &&
+                        ::setresuid(65534, 65534, 65534) == 0 && f();
+        std::fflush(nullptr);
+        ::_exit(ok ? 0 : 1);
+    }
+    int st = 0;
+    ::waitpid(pid, &st, 0);
+    return WIFEXITED(st) && WEXITSTATUS(st) == 0;
 }
 
 std::vector<int> hijosVivos()

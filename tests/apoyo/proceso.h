@@ -5,6 +5,7 @@
 // both outputs captured and the exit status.
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -32,6 +33,12 @@ Salida ejecutarVorlano(const std::filesystem::path& home, const std::vector<std:
 // (root ignores file modes); the home is made traversable for that user.
 Salida ejecutarVorlanoSinPrivilegios(const std::filesystem::path& home, const std::vector<std::string>& argumentos,
                                      std::map<std::string, std::optional<std::string>> entorno = {});
+
+// Runs f in a child process as the unprivileged user "nobody" when the tests
+// run as root (root ignores file modes), otherwise in this process; true if f
+// returned true. The folder is made traversable for that user first. The child
+// is a fork: f must not use the parallel loop or start threads.
+bool comoUsuarioSinPrivilegios(const std::filesystem::path& carpeta, const std::function<bool()>& f);
 
 // The children of this process still present (alive or zombie), by pid.
 std::vector<int> hijosVivos();
