@@ -111,7 +111,7 @@ std::vector<fs::path> carpetasDeEntradas()
 }
 
 // Program (resolved) -> application, from the visible desktop entries. The
-// first directory that holds an id wins, as the desktop entry spec says.
+// first directory that holds an id wins, as desktop environments resolve them.
 std::unordered_map<std::string, Aplicacion> programasDeEntradas()
 {
     std::unordered_map<std::string, Aplicacion> r;
