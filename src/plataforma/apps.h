@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 namespace plataforma {
@@ -20,5 +23,23 @@ struct AppAbierta {
 // background processes don't count), one entry per application, in the order
 // the system lists them.
 std::vector<AppAbierta> appsAbiertas();
+
+// The .app bundles in a folder of applications, in walk order: bundles up to
+// four levels below it (a vendor's subfolders), hidden entries skipped, no
+// package entered, links not followed. A folder that can't be read gives none.
+std::vector<std::filesystem::path> bundlesDeApps(const std::filesystem::path& raiz);
+
+// The applications installed anywhere on this machine, whatever folder a scan
+// is told to look at: read once when made, then asked many times.
+class AppsConocidas {
+public:
+    AppsConocidas();
+    // Whether an application with this identifier is installed; case is
+    // ignored, so that a leftover of an installed app is never taken as orphaned.
+    bool existe(std::string_view id) const;
+
+private:
+    std::unordered_set<std::string> ids_; // lower case
+};
 
 } // namespace plataforma

@@ -4,6 +4,7 @@
 #include <chrono>
 #include <filesystem>
 #include <optional>
+#include <string>
 
 namespace plataforma {
 
@@ -15,5 +16,8 @@ std::optional<std::chrono::system_clock::time_point> fechaCreacion(const std::fi
 // program (Foo.app, Bar.framework, Fotos.photoslibrary…), known here by its
 // extension, in any case. A file or a link is never one.
 bool esPaquete(const std::filesystem::path& ruta);
+
+// The name the system shows for a path; a trailing "/" is ignored.
+std::string nombreVisible(const std::filesystem::path& ruta);
 
 } // namespace plataforma

@@ -5,6 +5,7 @@
 #include "plataforma/apps.h"
 
 #include "nucleo/plist.h"
+#include "plataforma/linux/xdg.h"
 
 #include <dirent.h>
 #include <sys/stat.h>
@@ -91,25 +92,6 @@ std::string buscarEnPath(const std::string& programa)
     return {};
 }
 
-std::vector<fs::path> carpetasDeEntradas()
-{
-    std::vector<fs::path> r;
-    const char* datos = std::getenv("XDG_DATA_HOME");
-    if (datos != nullptr && *datos)
-        r.emplace_back(fs::path(datos) / "applications");
-    else if (const char* h = std::getenv("HOME"); h != nullptr && *h)
-        r.emplace_back(fs::path(h) / ".local/share/applications");
-    const char* dirs = std::getenv("XDG_DATA_DIRS");
-    std::string_view resto = dirs != nullptr && *dirs ? dirs : "/usr/local/share:/usr/share";
-    while (!resto.empty()) {
-        const size_t dos = resto.find(':');
-        if (const auto d = resto.substr(0, dos); !d.empty())
-            r.emplace_back(fs::path(d) / "applications");
-        resto = dos == std::string_view::npos ? std::string_view() : resto.substr(dos + 1);
-    }
-    return r;
-}
-
 // Program (resolved) -> application, from the visible desktop entries. The
 // first directory that holds an id wins, as desktop environments resolve them.
 std::unordered_map<std::string, Aplicacion> programasDeEntradas()
@@ -123,11 +105,7 @@ std::unordered_map<std::string, Aplicacion> programasDeEntradas()
             const fs::path& p = it->path();
             if (p.extension() != ".desktop" || !it->is_regular_file(ec))
                 continue;
-            // The desktop file id: the path below the base with "/" as "-".
-            std::string id = p.lexically_relative(base).replace_extension().string();
-            for (char& c : id)
-                if (c == '/')
-                    c = '-';
+            const std::string id = idDeEntrada(base, p);
             if (!vistos.insert(id).second)
                 continue;
 

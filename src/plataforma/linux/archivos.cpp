@@ -42,4 +42,11 @@ bool esPaquete(const std::filesystem::path& ruta)
     return ::lstat(ruta.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
 }
 
+std::string nombreVisible(const std::filesystem::path& ruta)
+{
+    // Linux file managers show the file name as it is, extension included.
+    const std::filesystem::path& p = ruta.has_filename() ? ruta : ruta.parent_path();
+    return p.filename().string();
+}
+
 } // namespace plataforma

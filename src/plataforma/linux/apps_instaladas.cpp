@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Installed applications on Linux: .app bundles in the application folders,
+// desktop entries and Flatpak applications.
+#include "plataforma/apps.h"
+
+#include "nucleo/plist.h"
+#include "nucleo/textos.h"
+#include "plataforma/archivos.h"
+#include "plataforma/linux/xdg.h"
+#include "plataforma/sistema.h"
+
+#include <fts.h>
+
+#include <cstdlib>
+
+namespace fs = std::filesystem;
+
+namespace plataforma {
+
+std::vector<fs::path> bundlesDeApps(const fs::path& raiz)
+{
+    std::vector<fs::path> r;
+    char* raices[] = {const_cast<char*>(raiz.c_str()), nullptr};
+    FTS* fts = ::fts_open(raices, FTS_PHYSICAL | FTS_NOCHDIR, nullptr);
+    if (fts == nullptr)
+        return r;
+    while (FTSENT* e = ::fts_read(fts)) {
+        if (e->fts_level == 0 || e->fts_info == FTS_DP)
+            continue;
+        const bool carpeta = e->fts_info == FTS_D;
+        if (e->fts_name[0] == '.') {
+            if (carpeta)
+                ::fts_set(fts, e, FTS_SKIP);
+            continue;
+        }
+        const std::string_view ruta(e->fts_path, e->fts_pathlen);
+        if (ruta.ends_with(".app")) {
+            r.emplace_back(ruta);
+            if (carpeta)
+                ::fts_set(fts, e, FTS_SKIP);
+        } else if (carpeta && (e->fts_level >= 4 || esPaquete(e->fts_path))) {
+            ::fts_set(fts, e, FTS_SKIP);
+        }
+    }
+    ::fts_close(fts);
+    return r;
+}
+
+AppsConocidas::AppsConocidas()
+{
+    // Bundles, where a Mac keeps them.
+    for (const fs::path& raiz : {fs::path("/Applications"), carpetaPersonalReal() / "Applications"})
+        for (const fs::path& b : bundlesDeApps(raiz))
+            if (const auto d = leerPlist(b / "Contents/Info.plist"))
+                if (const auto id = textoDe(*d, "CFBundleIdentifier"))
+                    ids_.insert(minusculas(*id));
+
+    // Desktop entries: their file id is the application's identifier.
+    for (const fs::path& base : carpetasDeEntradas()) {
+        std::error_code ec;
+        for (fs::recursive_directory_iterator it(base, fs::directory_options::skip_permission_denied, ec), fin;
+             !ec && it != fin; it.increment(ec))
+            if (it->path().extension() == ".desktop")
+                ids_.insert(minusculas(idDeEntrada(base, it->path())));
+    }
+
+    // Flatpak: one folder per application id, in the user's and the system's
+    // installation (FLATPAK_SYSTEM_DIR moves the latter, as for flatpak itself).
+    const char* sistema = std::getenv("FLATPAK_SYSTEM_DIR");
+    for (const fs::path& inst : {datosDeUsuario() / "flatpak", fs::path(sistema && *sistema ? sistema : "/var/lib/flatpak")}) {
+        std::error_code ec;
+        for (fs::directory_iterator it(inst / "app", ec), fin; !ec && it != fin; it.increment(ec))
+            ids_.insert(minusculas(it->path().filename().string()));
+    }
+}
+
+bool AppsConocidas::existe(std::string_view id) const
+{
+    return ids_.contains(minusculas(id));
+}
+
+} // namespace plataforma
