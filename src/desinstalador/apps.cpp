@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The installed applications: the bundles of the application folders, read
+// from their Info.plist.
+#include "desinstalador/desinstalador.h"
+
+#include "nucleo/plist.h"
+#include "nucleo/textos.h"
+#include "plataforma/apps.h"
+#include "plataforma/archivos.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QCollator>
+#include <QLocale>
+#include <QString>
+
+#include <algorithm>
+
+namespace fs = std::filesystem;
+
+std::vector<AppInstalada> Desinstalador::apps() const
+{
+    std::vector<fs::path> raices;
+    if (!entorno.prueba)
+        raices.emplace_back("/Applications");
+    raices.push_back(entorno.ruta("Applications"));
+
+    std::vector<AppInstalada> r;
+    for (const fs::path& raiz : raices)
+        for (const fs::path& bundle : plataforma::bundlesDeApps(raiz)) {
+            auto app = leer(bundle);
+            // The system's own applications and this program are not offered.
+            if (app && !app->bundleID.starts_with("com.apple.") && app->bundleID != plataforma::identificadorPropio)
+                r.push_back(std::move(*app));
+        }
+
+    // The user's order of names; where the system has no locale (C), the
+    // order of the language the program speaks.
+    QLocale idioma = QLocale::system();
+    if (idioma.language() == QLocale::C)
+        idioma = QLocale(QString::fromStdString(localeApp()));
+    QCollator orden(idioma);
+    orden.setCaseSensitivity(Qt::CaseInsensitive);
+    std::vector<QString> claves;
+    for (const AppInstalada& a : r)
+        claves.push_back(QString::fromStdString(a.nombre));
+    std::vector<size_t> indices(r.size());
+    for (size_t i = 0; i < indices.size(); ++i)
+        indices[i] = i;
+    std::stable_sort(indices.begin(), indices.end(),
+                     [&](size_t a, size_t b) { return orden.compare(claves[a], claves[b]) < 0; });
+    std::vector<AppInstalada> ordenadas;
+    ordenadas.reserve(r.size());
+    for (size_t i : indices)
+        ordenadas.push_back(std::move(r[i]));
+    return ordenadas;
+}
+
+std::optional<AppInstalada> Desinstalador::leer(const fs::path& url) const
+{
+    const auto info = leerPlist(url / "Contents/Info.plist");
+    if (!info)
+        return std::nullopt;
+    const auto id = textoDe(*info, "CFBundleIdentifier");
+    if (!id)
+        return std::nullopt;
+
+    AppInstalada app;
+    app.url = url;
+    app.bundleID = *id;
+    app.nombre = plataforma::nombreVisible(url);
+    for (size_t p = 0; (p = app.nombre.find(".app", p)) != std::string::npos;)
+        app.nombre.erase(p, 4);
+    app.version = textoDe(*info, "CFBundleShortVersionString").value_or("");
+
+    // The display name always; the bundle's own names when they are long
+    // enough not to match unrelated folders.
+    app.otrosNombres.push_back(app.nombre);
+    for (const char* clave : {"CFBundleName", "CFBundleDisplayName", "CFBundleExecutable"}) {
+        const auto n = textoDe(*info, clave);
+        if (n && caracteres(*n) > 2 &&
+            std::find(app.otrosNombres.begin(), app.otrosNombres.end(), *n) == app.otrosNombres.end())
+            app.otrosNombres.push_back(*n);
+    }
+
+    struct stat st;
+    app.deRoot = ::lstat(url.c_str(), &st) == 0 && st.st_uid != ::getuid();
+    return app;
+}

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Leftovers of applications that are gone: entries of the user's Library named
+// after a bundle identifier that no installed application has.
+#include "desinstalador/desinstalador.h"
+
+#include "nucleo/textos.h"
+#include "plataforma/apps.h"
+
+#include <dirent.h>
+
+#include <map>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// The pieces of a text split at ".", empty pieces left out.
+std::vector<std::string_view> piezas(std::string_view texto)
+{
+    std::vector<std::string_view> r;
+    while (!texto.empty()) {
+        const size_t punto = texto.find('.');
+        if (const auto p = texto.substr(0, punto); !p.empty())
+            r.push_back(p);
+        texto = punto == std::string_view::npos ? std::string_view() : texto.substr(punto + 1);
+    }
+    return r;
+}
+
+struct Lugar {
+    const char* carpeta;
+    // The entry's name ends in it, case respected, and the identifier is the
+    // rest; empty: the whole name is the identifier.
+    std::string_view final;
+};
+
+constexpr Lugar lugares[] = {
+    {"Library/Application Support", ""}, {"Library/Saved Application State", ".savedState"},
+    {"Library/HTTPStorages", ""},        {"Library/WebKit", ""},
+    {"Library/Preferences", ".plist"},
+};
+
+} // namespace
+
+const std::unordered_set<std::string>& Desinstalador::prefijos()
+{
+    static const std::unordered_set<std::string> p{"com", "org", "net", "io", "app", "dev", "co",
+                                                   "me",  "de",  "ai",  "tv", "us",  "jp"};
+    return p;
+}
+
+std::string Desinstalador::fabricante(std::string_view id)
+{
+    const std::string bajo = minusculas(id);
+    const auto p = piezas(bajo);
+    std::string r;
+    for (size_t i = 0; i < p.size() && i < 2; ++i)
+        r += (i ? "." : "") + std::string(p[i]);
+    return r;
+}
+
+bool Desinstalador::pareceID(std::string_view texto)
+{
+    const auto p = piezas(texto);
+    return p.size() >= 3 && prefijos().contains(minusculas(p[0])) && texto.find(' ') == std::string_view::npos;
+}
+
+std::vector<Elemento> Desinstalador::restosHuerfanos(const std::vector<AppInstalada>& instaladas) const
+{
+    std::unordered_set<std::string> fabricantes;
+    for (const AppInstalada& a : instaladas)
+        fabricantes.insert(fabricante(a.bundleID));
+    const std::string propio = minusculas(plataforma::identificadorPropio);
+    // Reading what the system has installed costs a walk; only done when an
+    // entry gets that far.
+    std::optional<plataforma::AppsConocidas> conocidas;
+
+    std::vector<std::string> orden;
+    std::map<std::string, std::vector<fs::path>> porId;
+    for (const Lugar& lugar : lugares) {
+        const fs::path carpeta = entorno.ruta(lugar.carpeta);
+        DIR* d = ::opendir(carpeta.c_str());
+        if (d == nullptr)
+            continue;
+        while (const dirent* e = ::readdir(d)) {
+            std::string_view id = e->d_name;
+            if (id == "." || id == "..")
+                continue;
+            if (!lugar.final.empty()) {
+                if (!id.ends_with(lugar.final))
+                    continue;
+                id.remove_suffix(lugar.final.size());
+            }
+            if (!pareceID(id))
+                continue;
+            const std::string bajo = minusculas(id);
+            if (bajo.starts_with("com.apple.") || bajo == propio || fabricantes.contains(fabricante(id)))
+                continue;
+            if (!conocidas)
+                conocidas.emplace();
+            if (conocidas->existe(id))
+                continue;
+            auto& urls = porId[std::string(id)];
+            if (urls.empty())
+                orden.emplace_back(id);
+            urls.push_back(carpeta / e->d_name);
+        }
+        ::closedir(d);
+    }
+
+    std::vector<Elemento> r;
+    for (const std::string& id : orden) {
+        std::vector<fs::path>& urls = porId[id];
+        Elemento el;
+        el.url = urls.front();
+        el.extra.assign(urls.begin() + 1, urls.end());
+        el.nombre = id;
+        el.detalle = urls.size() == 1
+                         ? tr("1 carpeta o archivo de una app que ya no está instalada")
+                         : rellenar(tr("{n} carpetas o archivos de una app que ya no está instalada"),
+                                    {{"n", std::to_string(urls.size())}});
+        r.push_back(std::move(el));
+    }
+    return r;
+}
