@@ -54,6 +54,45 @@ archivo "Library/Logs/install.log" 900
 archivo "Library/Logs/fsck_hfs.log" 120
 archivo "Library/Logs/.DS_Store" 12
 
+# Applications in ~/Applications, with their Library. Info.plist is XML, or
+# binary where plistutil (libplist-utils) is at hand, as a Mac mostly has it.
+app() { # app <carpeta.app> <identificador> <nombre> <binario: si|no>
+  mkdir -p "$1/Contents/MacOS"
+  cat >"$1/Contents/Info.plist" <<PLIST
+<?xml version="1.0" encoding="UTF-8"?>
+<!DOCTYPE plist PUBLIC "-//Apple//DTD PLIST 1.0//EN" "http://www.apple.com/DTDs/PropertyList-1.0.dtd">
+<plist version="1.0">
+<dict>
+  <key>CFBundleIdentifier</key><string>$2</string>
+  <key>CFBundleName</key><string>$3</string>
+  <key>CFBundleExecutable</key><string>$3</string>
+  <key>CFBundleShortVersionString</key><string>2.1</string>
+</dict>
+</plist>
+PLIST
+  archivo "$1/Contents/MacOS/$3" 900
+  if [ "$4" = si ] && command -v plistutil >/dev/null; then
+    plistutil -i "$1/Contents/Info.plist" -o "$1/Contents/Info.bin" -f bin
+    mv "$1/Contents/Info.bin" "$1/Contents/Info.plist"
+  fi
+}
+app "Applications/Pintor.app" com.pintor.app Pintor si
+app "Applications/Estudio/Notas Rápidas.app" org.notasrapidas.mac NotasRapidas no
+varios "Library/Application Support/Pintor" 4 128
+archivo "Library/Preferences/com.pintor.app.plist" 8
+archivo "Library/Application Support/com.pintor.helper/estado.db" 300
+mkdir -p "Library/Saved Application State/org.notasrapidas.mac.savedState"
+
+# Category "huerfanos": what applications deleted by hand left behind; some of
+# it under one identifier in several places.
+varios "Library/Application Support/com.viejoeditor.app" 6 256
+archivo "Library/Preferences/com.viejoeditor.app.plist" 12
+archivo "Library/Saved Application State/com.viejoeditor.app.savedState/ventanas.plist" 40
+archivo "Library/HTTPStorages/net.lectorrss.Lector/httpstorages.sqlite" 160
+archivo "Library/WebKit/net.lectorrss.Lector/WebsiteData/datos.db" 600
+archivo "Library/Application Support/io.juegoviejo.Juego/partidas.dat" 2400
+archivo "Library/Preferences/com.apple.dock.plist" 90
+
 # Ordinary personal files, which no category offers.
 varios "Documents/Facturas" 20 24
 varios "Pictures/Vacaciones" 25 180

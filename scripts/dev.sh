@@ -16,6 +16,8 @@ paquetes=(
   libqt6svg6 qt6-svg-dev
   libicu-dev libssl-dev libplist-dev libtbb-dev nlohmann-json3-dev libglib2.0-dev
   libgtest-dev libgmock-dev libbenchmark-dev
+  # the demo home writes binary property lists with plistutil
+  libplist-utils
   # used by the tests: a real session bus, the standard trash reader, chattr, setpriv
   dbus dbus-x11 trash-cli e2fsprogs util-linux time procps
 )

@@ -3,6 +3,7 @@
 // optional timing report.
 #include "escaner/escaner.h"
 
+#include "desinstalador/desinstalador.h"
 #include "escaner/medicion.h"
 #include "nucleo/textos.h"
 
@@ -122,6 +123,11 @@ std::vector<Categoria> Escaner::escanear(const Progreso& progreso) const
     categorias.push_back(categoria("apps", hijos("Library/Caches", &abiertas, incluirCacheDeApp)));
     categorias.push_back(categoria("logs", hijos("Library/Logs", nullptr, [](std::string_view) { return true; })));
     cronometro.informar("cachés de apps + logs");
+
+    progreso(tr("Buscando restos de apps desinstaladas…"));
+    const Desinstalador desinstalador(entorno);
+    categorias.push_back(categoria("huerfanos", desinstalador.restosHuerfanos(desinstalador.apps())));
+    cronometro.informar("restos de apps");
 
     medir(categorias, progreso);
     size_t n = 0;
