@@ -124,10 +124,23 @@ std::vector<Categoria> Escaner::escanear(const Progreso& progreso) const
     categorias.push_back(categoria("logs", hijos("Library/Logs", nullptr, [](std::string_view) { return true; })));
     cronometro.informar("cachés de apps + logs");
 
+    progreso(tr("Buscando proyectos y archivos grandes… (macOS puede pedir permiso para Escritorio, Documentos y "
+                "Descargas)"));
+    Hallazgos hallazgos = recorrerCarpetaPersonal();
+    cronometro.informar("recorrido carpeta personal");
+    categorias.push_back(categoria("compilaciones", std::move(hallazgos.compilaciones)));
+    categorias.push_back(categoria("dependencias", std::move(hallazgos.dependencias)));
+    categorias.push_back(categoria("instaladores", std::move(hallazgos.instaladores)));
+    categorias.push_back(categoria("grandes", std::move(hallazgos.grandes)));
+
     progreso(tr("Buscando restos de apps desinstaladas…"));
     const Desinstalador desinstalador(entorno);
     categorias.push_back(categoria("huerfanos", desinstalador.restosHuerfanos(desinstalador.apps())));
     cronometro.informar("restos de apps");
+
+    progreso(tr("Buscando archivos duplicados…"));
+    categorias.push_back(categoria("duplicados", duplicados()));
+    cronometro.informar("duplicados");
 
     medir(categorias, progreso);
     size_t n = 0;

@@ -3,10 +3,12 @@
 
 #include "escaner/apps_abiertas.h"
 #include "nucleo/entorno.h"
+#include "nucleo/formato.h"
 #include "nucleo/modelo.h"
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -15,6 +17,33 @@
 // Progress texts of a long operation. During the measuring pass it is called
 // from worker threads, so it must be safe for that.
 using Progreso = std::function<void(const std::string&)>;
+
+// The four lists of the one walk over the home folder.
+struct Hallazgos {
+    std::vector<Elemento> compilaciones;
+    std::vector<Elemento> dependencias;
+    std::vector<Elemento> instaladores;
+    // The largest files at or above the floor, largest first, at most maxGrandes.
+    std::vector<Elemento> grandes;
+};
+
+// A folder recognised as a project artefact: its display name and whether it
+// holds installed dependencies rather than build output.
+struct Clasificacion {
+    std::string tipo;
+    bool esDependencia = false;
+};
+
+// One file taken into the duplicate search.
+struct Candidato {
+    std::string ruta;
+    int64_t tamano = 0;  // logical length
+    int64_t bloques = 0; // allocated bytes
+    uint64_t dispositivo = 0;
+    uint64_t inodo = 0;
+    // Whole seconds; only the files of a confirmed group have it filled.
+    Fecha creado{};
+};
 
 // One analysis of the home folder: runs the stages in a fixed order, measures
 // what no stage measured, removes overlaps, and returns the categories.
@@ -52,6 +81,50 @@ struct Escaner {
     // size and drops empty categories.
     static std::vector<Categoria> depurar(std::vector<Categoria> categorias);
     static constexpr int64_t minimoElemento = 65536;
+
+    // One pass over the home folder for project artefacts, installers and
+    // large files; the artefacts git tracks are left out afterwards. Never
+    // fails: what can't be read isn't reported.
+    Hallazgos recorrerCarpetaPersonal(const std::optional<std::string>& git = Escaner::git()) const;
+    // The artefact a folder of this name is, judged by the marker files in
+    // padre, the folder that holds it.
+    static std::optional<Clasificacion> clasificar(std::string_view nombre, std::string_view padre);
+    // A package such as Foo.app: only names with a dot are asked about.
+    static bool esPaquete(std::string_view nombre, const char* ruta);
+    // "hace 3 días": the latest modification of the folder and the one that
+    // holds it; "—" when neither can be read.
+    static std::string actividad(const std::filesystem::path& padre, const std::filesystem::path& carpeta);
+    // The path below home, links resolved, or the last component for a path
+    // that isn't below home.
+    std::string rutaRelativa(const std::filesystem::path& url) const;
+    // Whether a .git lies in the folder or any folder above it up to home.
+    bool dentroDeRepositorio(const std::filesystem::path& carpeta) const;
+    // Whether git tracks any file under en/nombre; false when git is absent,
+    // fails or can't start.
+    static bool versionadaEnGit(std::string_view nombre, const std::filesystem::path& en,
+                                const std::optional<std::string>& git = Escaner::git());
+    // The git program: the first executable of the known places, found once.
+    static const std::optional<std::string>& git();
+
+    // Every copy but one of each set of identical files in Desktop,
+    // Documents, Downloads, Pictures and Movies, in no set order.
+    std::vector<Elemento> duplicados() const;
+    // The candidates split by key, computed in parallel; those without a key
+    // drop out. Groups come in the order of their first member, with the
+    // members in the candidates' order; single-member groups included.
+    static std::vector<std::vector<Candidato>>
+    agrupar(const std::vector<Candidato>& candidatos,
+            const std::function<std::optional<std::string>(const std::string&)>& clave);
+    // SHA-256 in hexadecimal of the first and the last 64 KiB, or of the whole
+    // file; absent when it can't be opened.
+    static std::optional<std::string> huellaParcial(const std::string& ruta);
+    static std::optional<std::string> huellaCompleta(const std::string& ruta);
+    // Whether the name reads as a copy: "informe (2).pdf", "foto copy 3.jpg".
+    static bool pareceCopia(std::string_view ruta);
+    // The path below home, links resolved, or the path itself.
+    std::string relativa(const std::string& ruta) const;
+    // Whether a comes before b among identical files; the first one is kept.
+    bool conservarAntes(const Candidato& a, const Candidato& b) const;
 
 private:
     // Fills every item still at size 0 in one parallel pass.

@@ -56,6 +56,47 @@ bool esEjecutable(const std::string& ruta)
     return ::stat(ruta.c_str(), &st) == 0 && S_ISREG(st.st_mode) && ::access(ruta.c_str(), X_OK) == 0;
 }
 
+// Starts the program with no shell: standard input from /dev/null, standard
+// output to `salida` (/dev/null when it is -1), standard error to /dev/null,
+// only descriptors 0-2 inherited, default signals, in a process group of its
+// own. The pid, or -1 if it couldn't be started.
+pid_t lanzar(const std::string& programa, const std::vector<std::string>& argumentos, int salida)
+{
+    posix_spawn_file_actions_t acciones;
+    posix_spawn_file_actions_init(&acciones);
+    posix_spawn_file_actions_addopen(&acciones, 0, "/dev/null", O_RDONLY, 0);
+    if (salida >= 0)
+        posix_spawn_file_actions_adddup2(&acciones, salida, 1);
+    else
+        posix_spawn_file_actions_addopen(&acciones, 1, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_addopen(&acciones, 2, "/dev/null", O_WRONLY, 0);
+    // Whatever else this process has open, even without close-on-exec, stays here.
+    posix_spawn_file_actions_addclosefrom_np(&acciones, 3);
+
+    posix_spawnattr_t atributos;
+    posix_spawnattr_init(&atributos);
+    sigset_t vacio, todas;
+    sigemptyset(&vacio);
+    sigfillset(&todas);
+    posix_spawnattr_setflags(&atributos, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    posix_spawnattr_setpgroup(&atributos, 0);
+    posix_spawnattr_setsigmask(&atributos, &vacio);
+    posix_spawnattr_setsigdefault(&atributos, &todas);
+
+    std::vector<std::string> textos{programa};
+    textos.insert(textos.end(), argumentos.begin(), argumentos.end());
+    std::vector<char*> argv;
+    for (auto& t : textos)
+        argv.push_back(t.data());
+    argv.push_back(nullptr);
+
+    pid_t pid = -1;
+    const int rc = ::posix_spawn(&pid, programa.c_str(), &acciones, &atributos, argv.data(), environ);
+    posix_spawn_file_actions_destroy(&acciones);
+    posix_spawnattr_destroy(&atributos);
+    return rc == 0 ? pid : -1;
+}
+
 // Whether the child has ended, without reaping it (its pid, and so the group
 // id, stay reserved until we reap).
 bool haTerminado(pid_t pid, siginfo_t* info = nullptr)
@@ -128,37 +169,9 @@ std::optional<SalidaPrograma> ejecutar(const std::string& programa, const std::v
     if (::pipe2(tubo, O_CLOEXEC) != 0)
         return std::nullopt;
 
-    posix_spawn_file_actions_t acciones;
-    posix_spawn_file_actions_init(&acciones);
-    posix_spawn_file_actions_addopen(&acciones, 0, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&acciones, tubo[1], 1);
-    posix_spawn_file_actions_addopen(&acciones, 2, "/dev/null", O_WRONLY, 0);
-    // Whatever else this process has open, even without close-on-exec, stays here.
-    posix_spawn_file_actions_addclosefrom_np(&acciones, 3);
-
-    posix_spawnattr_t atributos;
-    posix_spawnattr_init(&atributos);
-    sigset_t vacio, todas;
-    sigemptyset(&vacio);
-    sigfillset(&todas);
-    posix_spawnattr_setflags(&atributos, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    posix_spawnattr_setpgroup(&atributos, 0);
-    posix_spawnattr_setsigmask(&atributos, &vacio);
-    posix_spawnattr_setsigdefault(&atributos, &todas);
-
-    std::vector<std::string> textos{programa};
-    textos.insert(textos.end(), argumentos.begin(), argumentos.end());
-    std::vector<char*> argv;
-    for (auto& t : textos)
-        argv.push_back(t.data());
-    argv.push_back(nullptr);
-
-    pid_t pid = -1;
-    const int rc = ::posix_spawn(&pid, programa.c_str(), &acciones, &atributos, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&acciones);
-    posix_spawnattr_destroy(&atributos);
+    const pid_t pid = lanzar(programa, argumentos, tubo[1]);
     ::close(tubo[1]);
-    if (rc != 0) {
+    if (pid < 0) {
         ::close(tubo[0]);
         return std::nullopt;
     }
@@ -229,4 +242,20 @@ std::optional<std::string> buscarPrograma(const std::vector<std::string>& candid
         if (esEjecutable(c))
             return c;
     return std::nullopt;
+}
+
+std::optional<int32_t> codigoDeSalida(const std::string& programa, const std::vector<std::string>& argumentos)
+{
+    if (!esEjecutable(programa))
+        return std::nullopt;
+    const pid_t pid = lanzar(programa, argumentos, -1);
+    if (pid < 0)
+        return std::nullopt;
+    int estado = 0;
+    while (::waitpid(pid, &estado, 0) < 0)
+        if (errno != EINTR)
+            return std::nullopt;
+    if (!WIFEXITED(estado))
+        return std::nullopt;
+    return WEXITSTATUS(estado);
 }

@@ -33,5 +33,11 @@ struct SalidaPrograma {
 std::optional<SalidaPrograma> ejecutar(const std::string& programa, const std::vector<std::string>& argumentos,
                                        double limite = 15);
 
+// Runs the program as ejecutar does, but with both outputs to /dev/null and
+// no time limit, for programs whose exit status is the whole answer. Absent
+// when it isn't an executable file, can't be started, or is killed by a signal.
+// Blocking; safe to call from several threads at once.
+std::optional<int32_t> codigoDeSalida(const std::string& programa, const std::vector<std::string>& argumentos);
+
 // The first path of the list that is an executable file, or absent.
 std::optional<std::string> buscarPrograma(const std::vector<std::string>& candidatos);

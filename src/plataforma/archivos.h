@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace plataforma {
 
@@ -16,6 +17,18 @@ std::optional<std::chrono::system_clock::time_point> fechaCreacion(const std::fi
 // program (Foo.app, Bar.framework, Fotos.photoslibrary…), known here by its
 // extension, in any case. A file or a link is never one.
 bool esPaquete(const std::filesystem::path& ruta);
+// The same for a C path, so that a walk can ask without building a path object.
+bool esPaquete(const char* ruta);
+
+// Whether the file shares blocks with another one (a clone made by copying
+// with reflinks), so that removing it may free nothing. False whenever that
+// can't be told. Links are not followed.
+bool esClon(const std::filesystem::path& ruta);
+
+// The user-facing description of a file type in the system's language
+// ("Apple disk image"), known from the file's name alone; absent when the name
+// matches no known type.
+std::optional<std::string> descripcionTipo(std::string_view nombre);
 
 // The name the system shows for a path; a trailing "/" is ignored.
 std::string nombreVisible(const std::filesystem::path& ruta);

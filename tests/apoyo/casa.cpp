@@ -105,6 +105,17 @@ fs::path CasaPrueba::archivoCon(std::string_view relativa, std::string_view cont
     return p;
 }
 
+fs::path CasaPrueba::reservado(std::string_view relativa, int64_t bytes)
+{
+    const fs::path p = ruta(relativa);
+    padres(p);
+    const int fd = ::open(p.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    if (fd < 0 || ::fallocate(fd, 0, 0, bytes) != 0)
+        throw std::runtime_error("no se pudo reservar " + p.string());
+    ::close(fd);
+    return p;
+}
+
 fs::path CasaPrueba::disperso(std::string_view relativa, int64_t longitud)
 {
     const fs::path p = ruta(relativa);

@@ -33,6 +33,9 @@ public:
     // 4096 is also its allocated size.
     fs::path archivo(std::string_view relativa, int64_t bytes, char relleno = 'x');
     fs::path archivoCon(std::string_view relativa, std::string_view contenido);
+    // A file with exactly `bytes` bytes allocated and never written
+    // (fallocate): large files at no cost of time.
+    fs::path reservado(std::string_view relativa, int64_t bytes);
     // A file of that length with no data blocks at all.
     fs::path disperso(std::string_view relativa, int64_t longitud);
     fs::path enlace(std::string_view relativa, const fs::path& destino);

@@ -172,6 +172,25 @@ TEST_F(Ejecutar, VariosHilosALaVez)
         EXPECT_EQ(salidas[size_t(i)], std::to_string(i) + "\n");
 }
 
+// The exit status alone: no time limit, nothing read, nothing left behind.
+TEST_F(Ejecutar, CodigoDeSalidaSinLimiteNiSalida)
+{
+    apoyo::CasaPrueba casa;
+    EXPECT_EQ(codigoDeSalida("/bin/sh", {"-c", "exit 0"}), 0);
+    EXPECT_EQ(codigoDeSalida("/bin/sh", {"-c", "exit 7"}), 7);
+    EXPECT_EQ(codigoDeSalida("/bin/sh", {"-c", "kill -9 $$"}), std::nullopt);
+    EXPECT_EQ(codigoDeSalida(casa.ruta("falta").string(), {}), std::nullopt);
+    EXPECT_EQ(codigoDeSalida(casa.archivoCon("no-ejecutable", "#!/bin/sh\n").string(), {}), std::nullopt);
+    // Far more output than a pipe holds: nobody reads it, so it must go nowhere.
+    EXPECT_EQ(codigoDeSalida("/bin/sh", {"-c", "head -c 10000000 /dev/zero; head -c 10000000 /dev/zero >&2"}), 0);
+    // Standard input is the null device, and no descriptor beyond 2 is inherited.
+    const int suelto = ::open(casa.archivoCon("abierto", "x").c_str(), O_RDONLY);
+    ASSERT_GE(suelto, 3);
+    const std::string fd = "/proc/self/fd/" + std::to_string(suelto);
+    EXPECT_EQ(codigoDeSalida("/bin/sh", {"-c", "read x; r=$?; [ -e " + fd + " ] && exit 9; exit $r"}), 1);
+    ::close(suelto);
+}
+
 TEST(BuscarPrograma, PrimerEjecutableDeLaLista)
 {
     apoyo::CasaPrueba casa;

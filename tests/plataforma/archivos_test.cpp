@@ -2,6 +2,7 @@
 #include "plataforma/archivos.h"
 
 #include "apoyo/casa.h"
+#include "apoyo/proceso.h"
 
 #include <gtest/gtest.h>
 
@@ -33,4 +34,36 @@ TEST(Archivos, FechaDeCreacionCercanaAAhora)
     EXPECT_GE(*creado, antes);
     EXPECT_LE(*creado, std::chrono::system_clock::now());
     EXPECT_FALSE(plataforma::fechaCreacion(casa.ruta("no-existe")));
+}
+
+TEST(Archivos, ClonSoloConBloquesCompartidos)
+{
+    apoyo::CasaPrueba casa;
+    const auto a = casa.archivo("a", 1 << 20, 'a');
+    const auto b = casa.archivo("b", 1 << 20, 'a'); // equal bytes, blocks of its own
+    casa.disperso("hueco", 1 << 20);
+    casa.enlace("enlace", a);
+    EXPECT_FALSE(plataforma::esClon(b));
+    EXPECT_FALSE(plataforma::esClon(casa.ruta("hueco")));
+    EXPECT_FALSE(plataforma::esClon(casa.ruta("no-existe")));
+    EXPECT_FALSE(plataforma::esClon(casa.raiz()));
+    EXPECT_FALSE(plataforma::esClon("/proc/self/status")); // the call fails there
+    const auto cp = apoyo::ejecutarPrograma("/bin/cp", {"--reflink=always", a.string(), casa.ruta("clon").string()});
+    if (cp.estado != 0)
+        GTEST_SKIP() << "el sistema de archivos temporal no admite clones";
+    EXPECT_TRUE(plataforma::esClon(casa.ruta("clon")));
+    EXPECT_TRUE(plataforma::esClon(a)); // both sides share
+    EXPECT_FALSE(plataforma::esClon(casa.ruta("enlace"))); // links are not followed
+}
+
+TEST(Archivos, DescripcionDeTipoPorElNombre)
+{
+    // The file needn't exist: only its name is looked at.
+    const auto pdf = plataforma::descripcionTipo("informe.PDF");
+    ASSERT_TRUE(pdf);
+    EXPECT_FALSE(pdf->empty());
+    EXPECT_EQ(plataforma::descripcionTipo("\xff\xfe.pdf"), pdf); // a name that isn't UTF-8
+    EXPECT_NE(plataforma::descripcionTipo("disco.dmg"), pdf);
+    EXPECT_FALSE(plataforma::descripcionTipo("raro.zzqx"));
+    EXPECT_FALSE(plataforma::descripcionTipo("sin-extension"));
 }

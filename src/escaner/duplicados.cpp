@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Identical files in the folders where people keep their own: compared by
+// size, then by a hash of both ends, and only then by a hash of every byte.
+#include "escaner/escaner.h"
+
+#include "nucleo/paralelo.h"
+#include "nucleo/textos.h"
+#include "plataforma/archivos.h"
+
+#include <fts.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <map>
+#include <regex>
+#include <set>
+#include <unordered_map>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* carpetasPersonales[] = {"Desktop", "Documents", "Downloads", "Pictures", "Movies"};
+
+std::string_view ultimoComponente(std::string_view ruta)
+{
+    return ruta.substr(ruta.find_last_of('/') + 1);
+}
+
+// Files of at least the floor, by logical length. Hidden folders, packages
+// and project artefacts are not entered; links are not followed.
+void recoger(const fs::path& carpeta, std::map<int64_t, std::vector<Candidato>>& porTamano)
+{
+    char* raiz[] = {const_cast<char*>(carpeta.c_str()), nullptr};
+    FTS* fts = ::fts_open(raiz, FTS_PHYSICAL | FTS_NOCHDIR | FTS_XDEV, nullptr);
+    if (fts == nullptr)
+        return;
+    while (FTSENT* e = ::fts_read(fts)) {
+        if (e->fts_level < 1 || (e->fts_info != FTS_D && e->fts_info != FTS_F) || e->fts_statp == nullptr)
+            continue;
+        const struct stat& st = *e->fts_statp;
+        if (e->fts_info == FTS_F && st.st_size < Escaner::minimoDuplicado)
+            continue;
+        const std::string_view nombre(e->fts_name, e->fts_namelen);
+        if (e->fts_info == FTS_D) {
+            const std::string_view padre(e->fts_path, e->fts_pathlen - e->fts_namelen - 1);
+            if (nombre.starts_with('.') || Escaner::clasificar(nombre, padre) || Escaner::esPaquete(nombre, e->fts_path))
+                ::fts_set(fts, e, FTS_SKIP);
+            continue;
+        }
+        if (nombre.starts_with('.'))
+            continue;
+        // The modification time stands in for the creation time until the
+        // file turns out to have a copy.
+        porTamano[st.st_size].push_back(Candidato{.ruta = e->fts_path,
+                                                  .tamano = st.st_size,
+                                                  .bloques = int64_t(st.st_blocks) * 512,
+                                                  .dispositivo = uint64_t(st.st_dev),
+                                                  .inodo = uint64_t(st.st_ino),
+                                                  .creado = Fecha(std::chrono::seconds(st.st_mtim.tv_sec))});
+    }
+    ::fts_close(fts);
+}
+
+// Two names of one file are one candidate: the first met stays.
+void quitarEnlacesDuros(std::vector<Candidato>& lista)
+{
+    std::set<std::pair<uint64_t, uint64_t>> vistos;
+    std::erase_if(lista, [&](const Candidato& c) { return !vistos.insert({c.dispositivo, c.inodo}).second; });
+}
+
+// The birth time where the file system records one, in whole seconds;
+// elsewhere the modification time taken by the walk stays.
+void fecharCreacion(Candidato& c)
+{
+    if (const auto f = plataforma::fechaCreacion(c.ruta))
+        c.creado = std::chrono::floor<std::chrono::seconds>(*f);
+}
+
+} // namespace
+
+bool Escaner::pareceCopia(std::string_view ruta)
+{
+    static const std::regex copia(R"(\(\d+\)$|[ _-](copia|copy|clon|clone)( \d+)?$)");
+    const std::string_view nombre = ultimoComponente(ruta);
+    const size_t punto = nombre.find_last_of('.');
+    const std::string base = minusculas(punto == std::string_view::npos || punto == 0 ? nombre : nombre.substr(0, punto));
+    return std::regex_search(base, copia);
+}
+
+bool Escaner::conservarAntes(const Candidato& a, const Candidato& b) const
+{
+    if (a.creado != b.creado)
+        return a.creado < b.creado;
+    const std::string descargas = entorno.ruta("Downloads").native() + '/';
+    const bool da = a.ruta.starts_with(descargas), db = b.ruta.starts_with(descargas);
+    if (da != db)
+        return !da;
+    const bool ca = pareceCopia(a.ruta), cb = pareceCopia(b.ruta);
+    if (ca != cb)
+        return !ca;
+    const size_t la = caracteres(ultimoComponente(a.ruta)), lb = caracteres(ultimoComponente(b.ruta));
+    if (la != lb)
+        return la < lb;
+    return a.ruta < b.ruta;
+}
+
+std::vector<std::vector<Candidato>>
+Escaner::agrupar(const std::vector<Candidato>& candidatos,
+                 const std::function<std::optional<std::string>(const std::string&)>& clave)
+{
+    std::vector<std::optional<std::string>> claves(candidatos.size());
+    // Each iteration writes its own slot only.
+    enParalelo(candidatos.size(), [&](size_t i) { claves[i] = clave(candidatos[i].ruta); });
+
+    std::vector<std::vector<Candidato>> grupos;
+    std::unordered_map<std::string, size_t> indice;
+    for (size_t i = 0; i < candidatos.size(); ++i) {
+        if (!claves[i])
+            continue;
+        const auto [it, nuevo] = indice.try_emplace(*claves[i], grupos.size());
+        if (nuevo)
+            grupos.emplace_back();
+        grupos[it->second].push_back(candidatos[i]);
+    }
+    return grupos;
+}
+
+std::vector<Elemento> Escaner::duplicados() const
+{
+    std::map<int64_t, std::vector<Candidato>> porTamano;
+    for (const char* c : carpetasPersonales)
+        recoger(entorno.ruta(c), porTamano);
+
+    std::vector<Elemento> r;
+    for (auto& [tamano, lista] : porTamano) {
+        if (lista.size() < 2)
+            continue;
+        quitarEnlacesDuros(lista);
+        if (lista.size() < 2)
+            continue;
+        for (const auto& parecidos : agrupar(lista, huellaParcial)) {
+            if (parecidos.size() < 2)
+                continue;
+            for (auto grupo : agrupar(parecidos, huellaCompleta)) {
+                if (grupo.size() < 2)
+                    continue;
+                std::for_each(grupo.begin(), grupo.end(), fecharCreacion);
+                std::sort(grupo.begin(), grupo.end(),
+                          [this](const Candidato& a, const Candidato& b) { return conservarAntes(a, b); });
+                const std::string conservado = relativa(grupo.front().ruta);
+                for (size_t i = 1; i < grupo.size(); ++i) {
+                    const Candidato& c = grupo[i];
+                    // A clone shares its blocks with the kept copy: removing it may free nothing.
+                    const std::string plantilla =
+                        plataforma::esClon(c.ruta) ? tr("Igual a {conservado} · copia clonada: puede no liberar espacio")
+                                                   : tr("Igual a {conservado}");
+                    r.push_back(Elemento{.url = c.ruta,
+                                         .nombre = relativa(c.ruta),
+                                         .detalle = rellenar(plantilla, {{"conservado", conservado}}),
+                                         .tamano = c.bloques});
+                }
+            }
+        }
+    }
+    return r;
+}

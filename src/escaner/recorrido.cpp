@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The one walk over the home folder that feeds four categories: project
+// artefacts (recognised and pruned on sight), installers and large files.
+#include "escaner/escaner.h"
+
+#include "nucleo/paralelo.h"
+#include "nucleo/textos.h"
+#include "plataforma/archivos.h"
+
+#include <fts.h>
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <array>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::array<std::string_view, 3> extensionesInstalador{"dmg", "pkg", "xip"};
+// Artefact names that may just as well be a project's own sources: git is
+// asked about these.
+constexpr std::array<std::string_view, 6> puedeSerCodigo{"build", "dist", "target", "Library", "venv", ".venv"};
+
+struct Proyecto {
+    Elemento elemento;
+    bool esDependencia;
+    std::string nombre;
+    fs::path padre;
+};
+
+struct Archivo {
+    std::string ruta;
+    int64_t tamano;
+    Fecha fecha;
+};
+
+// The extension of a file name, after its last dot; empty for none. A name
+// beginning with its only dot has none.
+std::string_view extension(std::string_view nombre)
+{
+    const size_t punto = nombre.find_last_of('.');
+    return punto == std::string_view::npos || punto == 0 ? std::string_view() : nombre.substr(punto + 1);
+}
+
+bool esInstalador(std::string_view nombre)
+{
+    const std::string_view ext = extension(nombre);
+    return std::any_of(extensionesInstalador.begin(), extensionesInstalador.end(), [&](std::string_view e) {
+        return ext.size() == e.size() && std::equal(ext.begin(), ext.end(), e.begin(), [](char a, char b) {
+                   return (a >= 'A' && a <= 'Z' ? char(a - 'A' + 'a') : a) == b;
+               });
+    });
+}
+
+std::string_view padreDe(const FTSENT* e)
+{
+    const size_t n = e->fts_pathlen - e->fts_namelen - 1;
+    return n == 0 ? std::string_view("/") : std::string_view(e->fts_path, n);
+}
+
+// "Imagen de disco · modificado hace 3 días"; the type falls back to the
+// extension as it stands.
+std::string detalleArchivo(const Archivo& a)
+{
+    const std::string_view nombre = std::string_view(a.ruta).substr(a.ruta.find_last_of('/') + 1);
+    const std::string tipo = plataforma::descripcionTipo(nombre).value_or(std::string(extension(nombre)));
+    return rellenar(tr("{tipo} · modificado {hace}"), {{"tipo", tipo}, {"hace", haceCuanto(a.fecha)}});
+}
+
+} // namespace
+
+Hallazgos Escaner::recorrerCarpetaPersonal(const std::optional<std::string>& git) const
+{
+    const int64_t minimo = minimoGrande();
+    std::vector<Proyecto> proyectos;
+    std::vector<Archivo> instaladores, grandes;
+
+    // Links are never followed and other volumes never entered. Nothing is
+    // built per entry: only what is reported gets a string of its own.
+    char* raiz[] = {const_cast<char*>(entorno.home.c_str()), nullptr};
+    FTS* fts = ::fts_open(raiz, FTS_PHYSICAL | FTS_NOCHDIR | FTS_XDEV, nullptr);
+    if (fts == nullptr)
+        return {};
+    while (FTSENT* e = ::fts_read(fts)) {
+        if (e->fts_level < 1 || (e->fts_info != FTS_D && e->fts_info != FTS_F))
+            continue;
+        const std::string_view nombre(e->fts_name, e->fts_namelen);
+        if (e->fts_info == FTS_D) {
+            if (e->fts_level == 1 && (nombre == "Library" || nombre == "Applications")) {
+                ::fts_set(fts, e, FTS_SKIP);
+                continue;
+            }
+            const std::string_view padre = padreDe(e);
+            if (auto c = clasificar(nombre, padre)) {
+                ::fts_set(fts, e, FTS_SKIP);
+                const fs::path url(e->fts_path), dePadre(padre);
+                Elemento el{.url = url,
+                            .nombre = rutaRelativa(url),
+                            .detalle = rellenar(tr("{tipo} · usado {actividad}"),
+                                                {{"tipo", c->tipo}, {"actividad", actividad(dePadre, url)}})};
+                proyectos.push_back({std::move(el), c->esDependencia, std::string(nombre), dePadre});
+            } else if (nombre.starts_with('.') || nombre == "Pods" || esPaquete(nombre, e->fts_path)) {
+                ::fts_set(fts, e, FTS_SKIP);
+            }
+            continue;
+        }
+        if (nombre.starts_with('.') || e->fts_statp == nullptr)
+            continue;
+        const int64_t tamano = int64_t(e->fts_statp->st_blocks) * 512;
+        const Fecha fecha(std::chrono::seconds(e->fts_statp->st_mtim.tv_sec));
+        if (esInstalador(nombre)) {
+            instaladores.push_back({e->fts_path, tamano, fecha});
+            continue;
+        }
+        // The largest so far, largest first and equal sizes in walk order; a
+        // file that wouldn't make the list costs nothing.
+        if (tamano < minimo || (grandes.size() == size_t(maxGrandes) && tamano <= grandes.back().tamano))
+            continue;
+        const auto sitio = std::upper_bound(grandes.begin(), grandes.end(), tamano,
+                                            [](int64_t t, const Archivo& a) { return t > a.tamano; });
+        grandes.insert(sitio, {e->fts_path, tamano, fecha});
+        if (grandes.size() > size_t(maxGrandes))
+            grandes.pop_back();
+    }
+    ::fts_close(fts);
+
+    // Folders of ambiguous names that git tracks are sources, not artefacts.
+    std::vector<char> versionada(proyectos.size(), 0);
+    enParalelo(proyectos.size(), [&](size_t i) {
+        const Proyecto& p = proyectos[i];
+        if (std::find(puedeSerCodigo.begin(), puedeSerCodigo.end(), p.nombre) == puedeSerCodigo.end())
+            return;
+        if (dentroDeRepositorio(p.padre))
+            versionada[i] = versionadaEnGit(p.nombre, p.padre, git); // each iteration owns its slot
+    });
+
+    Hallazgos h;
+    for (size_t i = 0; i < proyectos.size(); ++i)
+        if (!versionada[i])
+            (proyectos[i].esDependencia ? h.dependencias : h.compilaciones).push_back(std::move(proyectos[i].elemento));
+    for (const Archivo& a : instaladores)
+        h.instaladores.push_back(Elemento{.url = a.ruta,
+                                          .nombre = fs::path(a.ruta).filename().string(),
+                                          .detalle = detalleArchivo(a),
+                                          .tamano = a.tamano});
+    for (const Archivo& a : grandes)
+        h.grandes.push_back(
+            Elemento{.url = a.ruta, .nombre = rutaRelativa(a.ruta), .detalle = detalleArchivo(a), .tamano = a.tamano});
+    return h;
+}

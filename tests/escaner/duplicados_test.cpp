@@ -1,0 +1,330 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "escaner/escaner.h"
+
+#include "apoyo/casa.h"
+#include "apoyo/proceso.h"
+#include "plataforma/archivos.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <thread>
+
+using apoyo::CasaPrueba;
+namespace fs = std::filesystem;
+
+namespace {
+
+// Listed name -> the name of the copy kept, from "Igual a {conservado}".
+std::map<std::string, std::string> listados(const std::vector<Elemento>& es)
+{
+    std::map<std::string, std::string> r;
+    for (const auto& e : es) {
+        const std::string d = e.detalle.value_or("");
+        EXPECT_TRUE(d.starts_with("Igual a ")) << d;
+        r[e.nombre] = d.substr(std::string("Igual a ").size());
+    }
+    return r;
+}
+
+// Each set of identical files found, as relative names, kept copy included.
+std::set<std::set<std::string>> grupos(const std::vector<Elemento>& es)
+{
+    std::map<std::string, std::set<std::string>> porConservado;
+    for (const auto& [listado, conservado] : listados(es)) {
+        porConservado[conservado].insert(conservado);
+        porConservado[conservado].insert(listado);
+    }
+    std::set<std::set<std::string>> r;
+    for (auto& [k, g] : porConservado)
+        r.insert(g);
+    return r;
+}
+
+// Content of `n` bytes that depends on the seed at every position.
+std::string contenido(size_t n, unsigned semilla)
+{
+    std::string s(n, '\0');
+    uint32_t x = semilla * 2654435761u + 1;
+    for (char& c : s) {
+        x = x * 1664525u + 1013904223u;
+        c = char(x >> 24);
+    }
+    return s;
+}
+
+int64_t segundoDeCreacion(const fs::path& p)
+{
+    const auto f = plataforma::fechaCreacion(p);
+    return f ? std::chrono::floor<std::chrono::seconds>(f->time_since_epoch()).count() : 0;
+}
+
+// Writes the files anew until all were created within one second, so that
+// the creation time can't decide among them.
+void enElMismoSegundo(CasaPrueba& casa, const std::vector<std::pair<std::string, std::string>>& archivos)
+{
+    for (int intento = 0; intento < 5; ++intento) {
+        for (const auto& [ruta, datos] : archivos) {
+            fs::remove(casa.ruta(ruta));
+            casa.archivoCon(ruta, datos);
+        }
+        std::set<int64_t> segundos;
+        for (const auto& a : archivos)
+            segundos.insert(segundoDeCreacion(casa.ruta(a.first)));
+        if (segundos.size() == 1)
+            return;
+    }
+    FAIL() << "no se pudieron crear los archivos en un mismo segundo";
+}
+
+std::string sha256sum(const fs::path& p)
+{
+    const auto s = apoyo::ejecutarPrograma("/usr/bin/sha256sum", {p.string()});
+    return s.salida.substr(0, 64);
+}
+
+} // namespace
+
+TEST(Duplicados, TamanoEnlacesDurosYContenido)
+{
+    CasaPrueba casa;
+    casa.archivo("Documents/t99a", 99'999, 'a');
+    casa.archivo("Downloads/t99b", 99'999, 'a');
+    casa.archivo("Documents/t100a", 100'000, 'b');
+    casa.archivo("Pictures/t100b", 100'000, 'b');
+    casa.archivo("Documents/duro1", 150'000, 'c');
+    casa.enlaceDuro("Documents/sub/duro2", "Documents/duro1");
+    casa.archivo("Desktop/tres1", 200'000, 'd');
+    casa.archivo("Documents/tres2", 200'000, 'd');
+    casa.archivo("Movies/tres3", 200'000, 'd');
+    casa.archivo("Documents/p1a", 250'000, 'e');
+    casa.archivo("Documents/p1b", 250'000, 'e');
+    casa.archivo("Documents/p2a", 250'000, 'f');
+    casa.archivo("Downloads/p2b", 250'000, 'f');
+    // Equal in the first and last 64 KiB, different in between.
+    std::string medio = std::string(65536, 'g') + std::string(200'000, 'h') + std::string(65536, 'g');
+    casa.archivoCon("Documents/m1", medio);
+    medio[100'000] = 'i';
+    casa.archivoCon("Documents/m2", medio);
+    // Copies where nobody looks, or that only a followed link would reach.
+    casa.archivo("Music/tres4", 200'000, 'd');
+    casa.archivo("Documents/.tres5", 200'000, 'd');
+    casa.archivo("Documents/.oculta/tres6", 200'000, 'd');
+    casa.archivo("Documents/proy/node_modules/tres7", 200'000, 'd');
+    casa.archivo("Documents/Foo.app/Contents/tres8", 200'000, 'd');
+    casa.archivoCon("Documents/web/package.json", "{}");
+    casa.archivo("Documents/web/dist/tres9", 200'000, 'd');
+    casa.enlace("Documents/enlace", casa.ruta("Desktop/tres1"));
+    casa.enlace("Downloads/musica", casa.ruta("Music"));
+    const std::string raro = "Pictures/\xff\xfe copia";
+    casa.archivo(raro, 300'000, 'j');
+    casa.archivo("Pictures/original", 300'000, 'j');
+
+    const auto es = Escaner(casa.entorno()).duplicados();
+    EXPECT_EQ(grupos(es), (std::set<std::set<std::string>>{{"Documents/t100a", "Pictures/t100b"},
+                                                           {"Desktop/tres1", "Documents/tres2", "Movies/tres3"},
+                                                           {"Documents/p1a", "Documents/p1b"},
+                                                           {"Documents/p2a", "Downloads/p2b"},
+                                                           {"Pictures/original", raro}}));
+    EXPECT_EQ(es.size(), 6u);
+    for (const auto& e : es) {
+        EXPECT_EQ(e.url, casa.ruta(e.nombre));
+        EXPECT_EQ(e.tamano, apoyo::asignado(e.url)); // allocated bytes, not the length
+        EXPECT_FALSE(e.seleccionado);
+    }
+}
+
+TEST(Duplicados, ConservaElMasAntiguoPorFechaDeCreacion)
+{
+    CasaPrueba casa;
+    const std::string datos = contenido(120'000, 1);
+    casa.archivoCon("Downloads/viejo copy.bin", datos);
+    if (!plataforma::fechaCreacion(casa.ruta("Downloads/viejo copy.bin")))
+        GTEST_SKIP() << "este sistema de archivos no guarda la fecha de creación";
+    const int64_t primero = segundoDeCreacion(casa.ruta("Downloads/viejo copy.bin"));
+    // The file system's clock is coarser than the system's: ask the file.
+    do {
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        fs::remove(casa.ruta("Documents/a.bin"));
+        casa.archivoCon("Documents/a.bin", datos);
+    } while (segundoDeCreacion(casa.ruta("Documents/a.bin")) <= primero);
+    // The modification time plays no part where there is a creation time.
+    casa.fecha("Documents/a.bin", std::chrono::system_clock::now() - std::chrono::hours(1000));
+    EXPECT_EQ(listados(Escaner(casa.entorno()).duplicados()),
+              (std::map<std::string, std::string>{{"Documents/a.bin", "Downloads/viejo copy.bin"}}));
+}
+
+TEST(Duplicados, DesempatesConLaMismaFecha)
+{
+    CasaPrueba casa;
+    // Each pair of its own size. Downloads weighs more than a copy-like
+    // name; a copy-like name more than length; length counts characters.
+    enElMismoSegundo(casa, {
+                               {"Downloads/d.bin", contenido(110'000, 1)},
+                               {"Documents/d copy.bin", contenido(110'000, 1)},
+                               {"Documents/zz copy.pdf", contenido(120'000, 2)},
+                               {"Documents/abcdefghijklmnop.pdf", contenido(120'000, 2)},
+                               {"Documents/a.pdf", contenido(130'000, 3)},
+                               {"Documents/a (1).pdf", contenido(130'000, 3)},
+                               {"Documents/abc.pdf", contenido(140'000, 4)},
+                               {"Documents/ññ.pdf", contenido(140'000, 4)},
+                               {"Documents/x/f.bin", contenido(150'000, 5)},
+                               {"Desktop/y/f.bin", contenido(150'000, 5)},
+                           });
+    EXPECT_EQ(listados(Escaner(casa.entorno()).duplicados()), (std::map<std::string, std::string>{
+                                                                 {"Downloads/d.bin", "Documents/d copy.bin"},
+                                                                 {"Documents/zz copy.pdf", "Documents/abcdefghijklmnop.pdf"},
+                                                                 {"Documents/a (1).pdf", "Documents/a.pdf"},
+                                                                 {"Documents/abc.pdf", "Documents/ññ.pdf"},
+                                                                 {"Documents/x/f.bin", "Desktop/y/f.bin"},
+                                                             }));
+}
+
+TEST(Duplicados, HuellasComoSha256DeLosExtremosODelTodo)
+{
+    CasaPrueba casa;
+    for (size_t n : {size_t(0), size_t(100), size_t(65536), size_t(65537), size_t(200'000), size_t(3 << 20) + 5}) {
+        const std::string datos = contenido(n, unsigned(n));
+        const fs::path p = casa.archivoCon("f" + std::to_string(n), datos);
+        EXPECT_EQ(Escaner::huellaCompleta(p), sha256sum(p)) << n;
+        // The partial hash is that of the head followed by the tail.
+        std::string extremos = datos.substr(0, 65536);
+        if (n > 65536)
+            extremos += datos.substr(n - 65536);
+        EXPECT_EQ(Escaner::huellaParcial(p), sha256sum(casa.archivoCon("e" + std::to_string(n), extremos))) << n;
+    }
+    EXPECT_FALSE(Escaner::huellaParcial(casa.ruta("no-existe")));
+    EXPECT_FALSE(Escaner::huellaCompleta(casa.ruta("no-existe")));
+    // Never through a link, nor into a FIFO that would block the read.
+    const fs::path enlace = casa.enlace("enlace", casa.ruta("f100"));
+    EXPECT_FALSE(Escaner::huellaCompleta(enlace));
+    ASSERT_EQ(::mkfifo(casa.ruta("fifo").c_str(), 0644), 0);
+    EXPECT_FALSE(Escaner::huellaParcial(casa.ruta("fifo")));
+    EXPECT_FALSE(Escaner::huellaCompleta(casa.ruta("fifo")));
+}
+
+// What agrupar sees of files that vanished or changed after the walk.
+TEST(Duplicados, AgruparDejaFueraLoQueNoSePuedeLeer)
+{
+    CasaPrueba casa;
+    std::vector<Candidato> cs;
+    for (const char* n : {"a", "b", "c", "d", "e", "f"})
+        cs.push_back(Candidato{.ruta = casa.archivo(n, 100'000, 'x').string()});
+    casa.archivo("b", 100'000, 'y'); // changed since
+    fs::remove(casa.ruta("c"));       // gone since
+    casa.archivo("e", 100'000, 'y');
+    const auto gs = Escaner::agrupar(cs, Escaner::huellaCompleta);
+    std::vector<std::vector<std::string>> nombres;
+    for (const auto& g : gs) {
+        nombres.emplace_back();
+        for (const auto& c : g)
+            nombres.back().push_back(fs::path(c.ruta).filename());
+    }
+    EXPECT_EQ(nombres, (std::vector<std::vector<std::string>>{{"a", "d", "f"}, {"b", "e"}}));
+}
+
+TEST(Duplicados, PareceCopia)
+{
+    for (const char* si : {"/h/informe (2).pdf", "foto_copia.jpg", "foto copy 3.jpg", "foto-clone.png", "FOTO COPY.JPG",
+                           "x-Clon", "a (12)", "doc copia 10.gz"})
+        EXPECT_TRUE(Escaner::pareceCopia(si)) << si;
+    for (const char* no : {"copia.pdf", "fotocopia.jpg", "informe (2) final.pdf", "a (b).pdf", "foto copy3.jpg",
+                           "foto copy.jpg.bak", "(2)/nota.txt", "foto copy 3 .jpg", "doc copia.tar.gz"})
+        EXPECT_FALSE(Escaner::pareceCopia(no)) << no;
+}
+
+TEST(Duplicados, RelativaDejaIntactoLoDeFuera)
+{
+    CasaPrueba casa;
+    casa.archivo("real/Documents/a", 10);
+    casa.enlace("casa", casa.ruta("real"));
+    const Escaner esc(Entorno{casa.ruta("casa"), true});
+    EXPECT_EQ(esc.relativa(casa.ruta("casa/Documents/a")), "Documents/a");
+    EXPECT_EQ(esc.relativa(casa.ruta("real/Documents/a")), "Documents/a");
+    EXPECT_EQ(esc.relativa(casa.ruta("realidad/a")), casa.ruta("realidad/a").string());
+    EXPECT_EQ(esc.relativa("/etc/hosts"), "/etc/hosts");
+}
+
+TEST(Duplicados, IlegiblesNoDanElementoNiError)
+{
+    CasaPrueba casa;
+    casa.archivo("Documents/u1", 200'000, 'u');
+    casa.archivo("Documents/u2", 200'000, 'u');
+    casa.archivo("Documents/u3", 200'000, 'u');
+    casa.sinPermisos("Documents/u3");
+    casa.archivo("Documents/cerrada/u4", 200'000, 'u');
+    casa.sinPermisos("Documents/cerrada");
+    casa.archivo("Downloads/v1", 300'000, 'v');
+    casa.archivo("Downloads/v2", 300'000, 'v');
+    casa.sinPermisos("Downloads/v2");
+    const auto s = apoyo::ejecutarVorlanoSinPrivilegios(casa.raiz(), {"--scan"});
+    EXPECT_EQ(s.estado, 0) << s.errores;
+    size_t n = 0;
+    for (size_t p = s.salida.find("Igual a Documents/u"); p != std::string::npos; p = s.salida.find("Igual a", p + 1))
+        ++n;
+    EXPECT_EQ(n, 1u) << s.salida;
+    EXPECT_EQ(s.salida.find("v1"), std::string::npos) << s.salida;
+}
+
+TEST(Duplicados, CopiaClonadaAvisaQuePuedeNoLiberar)
+{
+    CasaPrueba casa;
+    casa.archivoCon("Documents/a.bin", contenido(10'000'000, 7));
+    const auto cp = apoyo::ejecutarPrograma(
+        "/bin/cp", {"--reflink=always", casa.ruta("Documents/a.bin").string(), casa.ruta("Documents/b.bin").string()});
+    if (cp.estado != 0)
+        GTEST_SKIP() << "el sistema de archivos temporal no admite clones";
+    const auto es = Escaner(casa.entorno()).duplicados();
+    ASSERT_EQ(es.size(), 1u);
+    EXPECT_EQ(es[0].detalle, "Igual a " + (es[0].nombre == "Documents/a.bin" ? std::string("Documents/b.bin")
+                                                                             : std::string("Documents/a.bin")) +
+                                 " · copia clonada: puede no liberar espacio");
+    EXPECT_EQ(es[0].tamano, apoyo::asignado(es[0].url));
+}
+
+// jdupes on the same folders finds the same sets of identical files, once
+// its answer is limited to what the search takes in: files of at least
+// 100,000 bytes. The home holds no hidden, package or artefact folders and no
+// hard links, which the two treat differently by design.
+TEST(Duplicados, CoincideConJdupes)
+{
+    if (!fs::exists("/usr/bin/jdupes"))
+        GTEST_SKIP() << "jdupes no está instalado";
+    CasaPrueba casa;
+    const char* carpetas[] = {"Desktop", "Documents", "Downloads", "Pictures", "Movies"};
+    for (unsigned g = 0; g < 30; ++g) {
+        const size_t n = g % 4 == 0 ? 60'000 + g : 99'990 + g * 977; // some below the floor
+        const std::string datos = contenido(n, g);
+        for (unsigned c = 0; c < 2 + g % 2; ++c)
+            casa.archivoCon(std::string(carpetas[(g + c) % 5]) + "/g" + std::to_string(g) + "/c" + std::to_string(c),
+                            datos);
+        casa.archivoCon(std::string(carpetas[g % 5]) + "/unico" + std::to_string(g), contenido(n, 1000 + g));
+    }
+    std::vector<std::string> args{"-r", "-q"};
+    for (const char* c : carpetas)
+        args.push_back(casa.ruta(c).string());
+    const auto s = apoyo::ejecutarPrograma("/usr/bin/jdupes", args);
+    ASSERT_EQ(s.estado, 0) << s.errores;
+    std::set<std::set<std::string>> esperado;
+    std::set<std::string> grupo;
+    std::istringstream lineas(s.salida + "\n");
+    for (std::string l; std::getline(lineas, l);) {
+        if (!l.empty()) {
+            grupo.insert(Escaner(casa.entorno()).relativa(l));
+            continue;
+        }
+        if (!grupo.empty() && fs::file_size(casa.ruta(*grupo.begin())) >= uint64_t(Escaner::minimoDuplicado))
+            esperado.insert(grupo);
+        grupo.clear();
+    }
+    ASSERT_FALSE(esperado.empty());
+    EXPECT_EQ(grupos(Escaner(casa.entorno()).duplicados()), esperado);
+}
+
+TEST(Duplicados, SinLasCincoCarpetasNoHayNada)
+{
+    CasaPrueba casa;
+    casa.archivo("Music/a", 200'000);
+    casa.archivo("Music/b", 200'000);
+    EXPECT_TRUE(Escaner(casa.entorno()).duplicados().empty());
+}
