@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 # Builds a realistic scratch home for trying Vorlano in test mode:
 #   scripts/casa-demo.sh <carpeta>
-#   VORLANO_HOME=<carpeta> build/vorlano --scan
+#   VORLANO_HOME=<carpeta> VORLANO_GRANDE_MB=20 build/vorlano --scan
+# (the large files here are tens of MB, so the floor is lowered to 20 MB)
 # The folder is rebuilt from scratch each time; a folder that isn't an earlier
 # demo home (it lacks the marker file) is never emptied.
 set -euo pipefail
@@ -23,10 +24,11 @@ mkdir -p "$casa"
 touch "$casa/$marca"
 cd "$casa"
 
-# archivo <ruta> <KiB>: a file with that many KiB of real (allocated) data.
+# archivo <ruta> <KiB>: a file with that many KiB of real (allocated) data,
+# random so that no two files are copies of each other by chance.
 archivo() {
   mkdir -p "$(dirname "$1")"
-  dd if=/dev/zero of="$1" bs=1024 count="$2" status=none
+  dd if=/dev/urandom of="$1" bs=1024 count="$2" status=none
 }
 # varios <carpeta> <n> <KiB>: n files of that size.
 varios() {
@@ -97,5 +99,44 @@ archivo "Library/Preferences/com.apple.dock.plist" 90
 varios "Documents/Facturas" 20 24
 varios "Pictures/Vacaciones" 25 180
 archivo "Desktop/notas.txt" 4
+
+# Categories "compilaciones" and "dependencias": build output and installed
+# dependencies beside the file that marks their project. A build folder with
+# no marker is an ordinary folder, and a dist that git tracks is left alone.
+archivo "Proyectos/tienda-web/package.json" 1
+varios "Proyectos/tienda-web/node_modules/react/cjs" 30 64
+varios "Proyectos/tienda-web/dist/assets" 8 100
+varios "Proyectos/tienda-web/.next/cache" 10 80
+archivo "Proyectos/api-python/pyproject.toml" 1
+varios "Proyectos/api-python/.venv/lib/python3.12/site-packages" 20 60
+archivo "Proyectos/motor-rust/Cargo.toml" 1
+varios "Proyectos/motor-rust/target/debug" 6 400
+archivo "Proyectos/app-android/build.gradle.kts" 1
+varios "Proyectos/app-android/build/intermediates" 10 150
+varios "Proyectos/apuntes/build" 3 100
+if command -v git >/dev/null; then
+  archivo "Proyectos/sitio-git/package.json" 1
+  varios "Proyectos/sitio-git/dist" 4 100
+  git -C "Proyectos/sitio-git" -c init.defaultBranch=main init -q
+  git -C "Proyectos/sitio-git" add -A
+  git -C "Proyectos/sitio-git" -c user.name=Demo -c user.email=demo@example.org commit -q -m inicio
+fi
+
+# Category "instaladores": disk images and packages, in any case.
+archivo "Downloads/Firefox 128.dmg" 2400
+archivo "Downloads/Zoom.pkg" 900
+archivo "Downloads/Xcode_15.xip" 3100
+archivo "Desktop/Instalador.DMG" 700
+
+# Category "grandes", above the lowered floor: space reserved, not written.
+mkdir -p Movies Documents/Máquinas
+fallocate -l 60M "Movies/boda.mov"
+fallocate -l 35M "Documents/Máquinas/debian.img"
+
+# Category "duplicados": identical copies across the personal folders.
+archivo "Documents/Contrato alquiler.pdf" 300
+cp "Documents/Contrato alquiler.pdf" "Downloads/Contrato alquiler.pdf"
+cp "Documents/Contrato alquiler.pdf" "Downloads/Contrato alquiler (1).pdf"
+cp "Pictures/Vacaciones/archivo-3.bin" "Desktop/archivo-3 copia.bin"
 
 echo "Casa de demostración en $casa ($(find . -type f | wc -l) archivos)"

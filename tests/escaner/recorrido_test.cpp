@@ -179,7 +179,7 @@ TEST(Recorrido, InstaladoresYArchivosGrandes)
         EXPECT_EQ(e.tamano, apoyo::asignado(e.url)) << e.nombre;
         EXPECT_FALSE(e.seleccionado);
     }
-    EXPECT_EQ(nombres(h.grandes), (std::vector<std::string>{"p/build/salida.bin", "Movies/justo.mov"}));
+    ASSERT_EQ(nombres(h.grandes), (std::vector<std::string>{"p/build/salida.bin", "Movies/justo.mov"}));
     EXPECT_EQ(h.grandes[0].tamano, suelo + 4096);
     EXPECT_EQ(h.grandes[1].tamano, suelo);
     EXPECT_EQ(h.grandes[1].url, casa.ruta("Movies/justo.mov"));
@@ -272,6 +272,8 @@ TEST(Recorrido, RepositorioHastaLaCasaYGitComoArchivo)
     EXPECT_FALSE(esc.dentroDeRepositorio(casa.ruta("fuera/casa/p")));
     EXPECT_FALSE(esc.dentroDeRepositorio(casa.ruta("otra/p")));
     EXPECT_TRUE(esc.dentroDeRepositorio(casa.ruta("fuera")));
+    // Home's own .git counts.
+    EXPECT_TRUE(Escaner(Entorno{casa.ruta("fuera"), true}).dentroDeRepositorio(casa.ruta("fuera/casa/p")));
 
     // A worktree's .git is a file; git answers there as in any repository.
     repositorio(casa, "casa2/repo", {"package.json", "dist/a.js"});
