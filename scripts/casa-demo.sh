@@ -4,6 +4,7 @@
 #   scripts/casa-demo.sh <carpeta>
 #   VORLANO_HOME=<carpeta> VORLANO_GRANDE_MB=20 build/vorlano --scan
 # (the large files here are tens of MB, so the floor is lowered to 20 MB)
+#   VORLANO_HOME=<carpeta> build/vorlano --mapa
 # The folder is rebuilt from scratch each time; a folder that isn't an earlier
 # demo home (it lacks the marker file) is never emptied.
 set -euo pipefail
@@ -138,5 +139,12 @@ archivo "Documents/Contrato alquiler.pdf" 300
 cp "Documents/Contrato alquiler.pdf" "Downloads/Contrato alquiler.pdf"
 cp "Documents/Contrato alquiler.pdf" "Downloads/Contrato alquiler (1).pdf"
 cp "Pictures/Vacaciones/archivo-3.bin" "Desktop/archivo-3 copia.bin"
+
+# For the disk map (--mapa): music above 1 MB, and places the map never
+# enters, mail and a photo library.
+varios "Music/Albumes/Primero" 4 2500
+varios "Music/Albumes/Segundo" 3 1800
+varios "Library/Mail/V10/INBOX.mbox" 6 500
+varios "Pictures/Fotos.photoslibrary/originals" 5 800
 
 echo "Casa de demostración en $casa ($(find . -type f | wc -l) archivos)"

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
 # One entry point for a fresh Debian or Ubuntu machine:
-#   scripts/dev.sh demo    install what is missing, build, make a demo home, scan it
+#   scripts/dev.sh demo    install what is missing, build, make a demo home, scan it and map it
 #   scripts/dev.sh test    install what is missing, build, run every test
 #   scripts/dev.sh build   install what is missing and build
 set -euo pipefail
@@ -49,6 +49,8 @@ case "${1:-}" in
     "$raiz/scripts/casa-demo.sh" "$casa"
     # The demo's large files are tens of MB: the floor comes down to 20 MB.
     VORLANO_HOME="$casa" VORLANO_GRANDE_MB=20 "$build/vorlano" --scan
+    echo
+    VORLANO_HOME="$casa" "$build/vorlano" --mapa
     ;;
   test)
     instalar; compilar

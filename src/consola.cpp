@@ -2,6 +2,7 @@
 #include "consola.h"
 
 #include "escaner/escaner.h"
+#include "mapa/medidor.h"
 #include "nucleo/formato.h"
 #include "nucleo/textos.h"
 
@@ -14,10 +15,19 @@ namespace {
 
 constexpr size_t anchoColumna = 10;
 constexpr size_t elementosPorCategoria = 8;
+constexpr size_t carpetasDelMapa = 8;
+constexpr size_t subcarpetasDelMapa = 3;
 
 void imprimir(const std::string& s)
 {
     std::fwrite(s.data(), 1, s.size(), stdout);
+}
+
+std::string segundosConUnDecimal(double segundos)
+{
+    char tiempo[32];
+    std::snprintf(tiempo, sizeof tiempo, "%.1f", segundos);
+    return tiempo;
 }
 
 } // namespace
@@ -44,9 +54,7 @@ std::string informe(const std::vector<Categoria>& categorias, const Entorno& ent
     if (entorno.prueba)
         r += tr(" (PRUEBA)");
     r += '\n';
-    char tiempo[32];
-    std::snprintf(tiempo, sizeof tiempo, "%.1f", segundos);
-    r += rellenar(tr("Análisis en {s} s"), {{"s", tiempo}}) + "\n\n";
+    r += rellenar(tr("Análisis en {s} s"), {{"s", segundosConUnDecimal(segundos)}}) + "\n\n";
 
     int64_t seleccionado = 0;
     for (const Categoria& c : categorias) {
@@ -92,6 +100,32 @@ void ejecutar(bool limpiar, bool /*todo*/)
                  '\n');
         return;
     }
+}
+
+std::string informeMapa(const NodoDisco& raiz, double segundos)
+{
+    std::string r = rellenar(tr("Mapa en {s} s · total {bytes}"),
+                             {{"s", segundosConUnDecimal(segundos)}, {"bytes", formatoBytes(raiz.tamano)}}) +
+                    '\n';
+    for (size_t i = 0; i < raiz.hijos.size() && i < carpetasDelMapa; ++i) {
+        const NodoDisco& h = *raiz.hijos[i];
+        r += "  " + columna(formatoBytes(h.tamano)) + ' ' + textoVisible(h.nombre) + '\n';
+        for (size_t j = 0; j < h.hijos.size() && j < subcarpetasDelMapa; ++j)
+            r += "      " + columna(formatoBytes(h.hijos[j]->tamano)) + ' ' + textoVisible(h.hijos[j]->nombre) + '\n';
+    }
+    r += tr("No medidas (protegidas): ");
+    const auto& protegidas = MedidorMapa::protegidasEncontradas(raiz);
+    for (size_t i = 0; i < protegidas.size(); ++i)
+        r += (i > 0 ? ", " : "") + textoVisible(protegidas[i]);
+    return r + '\n';
+}
+
+void mapa()
+{
+    const auto inicio = std::chrono::steady_clock::now();
+    const auto raiz = MedidorMapa(Entorno::actual()).medir();
+    const double segundos = std::chrono::duration<double>(std::chrono::steady_clock::now() - inicio).count();
+    imprimir(informeMapa(*raiz, segundos));
 }
 
 } // namespace Consola

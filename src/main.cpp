@@ -31,6 +31,7 @@ std::string ayuda()
               "\n"
               "Uso: vorlano [opción]\n"
               "\n"
+              "  --mapa            mide la carpeta personal y muestra sus carpetas más grandes\n"
               "  --scan            analiza y muestra el informe; no cambia nada\n"
               "  --clean-defaults  analiza, muestra el informe y limpia lo seleccionado por defecto\n"
               "  --clean-all       analiza, muestra el informe, selecciona todo y limpia\n"
@@ -61,6 +62,8 @@ int main(int argc, char** argv)
         imprimir(ayuda());
     } else if (tiene(argc, argv, "--version")) {
         imprimir(std::string("vorlano ") + VORLANO_VERSION + "\n");
+    } else if (tiene(argc, argv, "--mapa")) {
+        Consola::mapa();
     } else if (tiene(argc, argv, "--scan") || tiene(argc, argv, "--clean-defaults") ||
                tiene(argc, argv, "--clean-all")) {
         Consola::ejecutar(!tiene(argc, argv, "--scan"), tiene(argc, argv, "--clean-all"));
