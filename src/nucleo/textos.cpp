@@ -67,12 +67,26 @@ std::string tr(const char* clave)
 std::string rellenar(std::string texto,
                      std::initializer_list<std::pair<std::string_view, std::string_view>> valores)
 {
-    for (const auto& [nombre, valor] : valores) {
-        const std::string marca = "{" + std::string(nombre) + "}";
-        for (size_t pos = texto.find(marca); pos != std::string::npos; pos = texto.find(marca, pos + valor.size()))
-            texto.replace(pos, marca.size(), valor);
+    // One pass over the text: a value that holds a marker (a file name such
+    // as "{total}") is never filled in itself.
+    std::string r;
+    r.reserve(texto.size());
+    for (size_t i = 0; i < texto.size();) {
+        bool hecho = false;
+        if (texto[i] == '{')
+            for (const auto& [nombre, valor] : valores) {
+                const std::string_view resto = std::string_view(texto).substr(i + 1);
+                if (resto.starts_with(nombre) && resto.substr(nombre.size()).starts_with('}')) {
+                    r += valor;
+                    i += nombre.size() + 2;
+                    hecho = true;
+                    break;
+                }
+            }
+        if (!hecho)
+            r += texto[i++];
     }
-    return texto;
+    return r;
 }
 
 std::string textoVisible(std::string_view bytes)

@@ -69,6 +69,8 @@ TEST(Modelo, EnlacesYSecciones)
 TEST(Textos, RellenarMinusculasYTextoVisible)
 {
     EXPECT_EQ(rellenar("{a} y {b} y {a}", {{"a", "1"}, {"b", "{a}"}}), "1 y {a} y 1");
+    // A value holding a later marker (a file named "{b}") stays as it is.
+    EXPECT_EQ(rellenar("{a}: {b}", {{"a", "{b}"}, {"b", "2"}}), "{b}: 2");
     EXPECT_EQ(minusculas("Com.Apple.ÉCRIRE"), "com.apple.écrire");
     // Bytes that aren't UTF-8 are lowered as ASCII and otherwise kept.
     EXPECT_EQ(minusculas(std::string("AB\xff")), std::string("ab\xff"));
