@@ -5,6 +5,7 @@
 #include "nucleo/entorno.h"
 #include "nucleo/formato.h"
 #include "nucleo/modelo.h"
+#include "nucleo/progreso.h"
 
 #include <cstdint>
 #include <functional>
@@ -13,10 +14,6 @@
 #include <string_view>
 #include <unordered_set>
 #include <vector>
-
-// Progress texts of a long operation. During the measuring pass it is called
-// from worker threads, so it must be safe for that.
-using Progreso = std::function<void(const std::string&)>;
 
 // The four lists of the one walk over the home folder.
 struct Hallazgos {
@@ -63,7 +60,8 @@ struct Escaner {
     // Lower-case names of children of Library/Caches that "apps" leaves alone.
     static const std::unordered_set<std::string>& cachesExcluidas();
 
-    // Blocking; progreso is called on this thread except while measuring.
+    // Blocking; progreso is called on this thread except while measuring (then
+    // from worker threads, so it must be safe for that).
     std::vector<Categoria> escanear(const Progreso& progreso) const;
 
     // A category of the fixed table, with its localized texts, holding elementos.
