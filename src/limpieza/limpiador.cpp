@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "limpieza/limpiador.h"
+
+#include "escaner/medicion.h"
+#include "nucleo/ejecutar.h"
+#include "nucleo/textos.h"
+#include "plataforma/borrado.h"
+#include "plataforma/papelera.h"
+#include "plataforma/sistema.h"
+
+#include <algorithm>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string mensaje(const char* clave, const std::string& nombre)
+{
+    return rellenar(tr(clave), {{"nombre", nombre}});
+}
+
+} // namespace
+
+std::optional<fs::path> Limpiador::relativaPermitida(const fs::path& ruta) const
+{
+    const std::string p = estandarizar(ruta).native();
+    const std::string h = estandarizar(entorno.home).native();
+    // Strictly inside: "/home/ana2/x" is not inside "/home/ana".
+    if (p.size() <= h.size() + 1 || p.compare(0, h.size(), h) != 0 || p[h.size()] != '/')
+        return std::nullopt;
+    const std::string r = p.substr(h.size() + 1);
+    // A direct child of the home folder is never allowed, whatever its name.
+    size_t piezas = 0;
+    for (size_t i = 0; i < r.size();) {
+        const size_t fin = std::min(r.find('/', i), r.size());
+        if (fin > i)
+            ++piezas;
+        i = fin + 1;
+    }
+    if (piezas < 2)
+        return std::nullopt;
+    if (std::find(std::begin(raicesIntocables), std::end(raicesIntocables), r) != std::end(raicesIntocables))
+        return std::nullopt;
+    return fs::path(r);
+}
+
+bool Limpiador::permitido(const fs::path& ruta) const
+{
+    return relativaPermitida(ruta).has_value();
+}
+
+Resultado Limpiador::limpiar(std::vector<Categoria> categorias, const Progreso& progreso) const
+{
+    Resultado r;
+    r.libreAntes = plataforma::espacioDisco(entorno.home).libre;
+    for (const Categoria& c : categorias)
+        for (const Elemento& e : c.elementos) {
+            if (!e.seleccionado)
+                continue;
+            if (e.accion) {
+                // The command does the cleaning; its paths are not ours to judge.
+                progreso(mensaje("Limpiando {nombre}…", e.nombre));
+                ejecutarAccion(e, r);
+                continue;
+            }
+            // One refused path spares the whole item.
+            const auto urls = e.urls();
+            if (!std::all_of(urls.begin(), urls.end(), [&](const fs::path& u) { return permitido(u); })) {
+                r.errores.push_back(mensaje("{nombre}: ruta no permitida, se omitió", e.nombre));
+                continue;
+            }
+            progreso(mensaje("Limpiando {nombre}…", e.nombre));
+            if (c.modo == Modo::papelera)
+                moverAPapelera(e, r);
+            else
+                vaciarElemento(e, r);
+        }
+    r.libreDespues = plataforma::espacioDisco(entorno.home).libre;
+    return r;
+}
+
+void Limpiador::ejecutarAccion(const Elemento& e, Resultado& r) const
+{
+    const Accion& a = *e.accion;
+    const int64_t antes = a.medir ? tamanoEnDisco(*a.medir) : 0;
+    const auto salida = ejecutar(a.ejecutable, a.argumentos, limiteAccion);
+    if (!salida || salida->codigo != 0) {
+        r.errores.push_back(mensaje("{nombre}: no se pudo completar", e.nombre));
+        return;
+    }
+    // Without a place to measure, the command's effect goes uncounted.
+    if (a.medir)
+        r.borrado += std::max<int64_t>(0, antes - tamanoEnDisco(*a.medir));
+}
+
+void Limpiador::moverAPapelera(const Elemento& e, Resultado& r) const
+{
+    for (const fs::path& u : e.urls()) {
+        // The rule judged the text; the move must not leave it through a
+        // folder that is a link. The item itself may be one: it goes as a link.
+        const fs::path relativa = *relativaPermitida(u);
+        if (plataforma::examinar(entorno.home, relativa) == plataforma::Clase::enlaceEnRuta) {
+            r.errores.push_back(mensaje("{nombre}: es un enlace a otra carpeta, se omitió", e.nombre));
+            return;
+        }
+        // What is already in the Trash stays there; the rest isn't tried.
+        if (const auto fallo = plataforma::moverAPapelera(estandarizar(u))) {
+            r.errores.push_back(e.nombre + ": " + *fallo);
+            return;
+        }
+    }
+    // The figure of the analysis, not a new measurement.
+    r.enPapelera += e.tamano;
+}
+
+void Limpiador::vaciarElemento(const Elemento& e, Resultado& r) const
+{
+    const auto urls = e.urls();
+    for (const fs::path& u : urls)
+        vaciar(u, e.nombre, r.errores);
+    // Only what really went counts; an item that grew counts 0.
+    int64_t quedan = 0;
+    for (const fs::path& u : urls)
+        quedan += tamanoEnDisco(estandarizar(u));
+    r.borrado += std::max<int64_t>(0, e.tamano - quedan);
+}
+
+void Limpiador::vaciar(const fs::path& ruta, const std::string& nombre, std::vector<std::string>& errores) const
+{
+    // The removal works on the standardised path below home: ".." after a
+    // link would lead elsewhere than the text the rule judged.
+    const auto relativa = relativaPermitida(ruta);
+    if (!relativa) {
+        errores.push_back(mensaje("{nombre}: ruta no permitida, se omitió", nombre));
+        return;
+    }
+    const plataforma::Vaciado v = plataforma::vaciar(entorno.home, *relativa);
+    switch (v.clase) {
+    case plataforma::Clase::ausente:
+        // Gone since the analysis: nothing left to do, nothing to say.
+        return;
+    case plataforma::Clase::enlace:
+    case plataforma::Clase::enlaceEnRuta:
+        errores.push_back(mensaje("{nombre}: es un enlace a otra carpeta, se omitió", nombre));
+        return;
+    case plataforma::Clase::archivo:
+        if (!v.error.empty())
+            errores.push_back(nombre + ": " + v.error);
+        return;
+    case plataforma::Clase::carpeta:
+        if (!v.error.empty())
+            errores.push_back(
+                rellenar(tr("{nombre}: no se pudo abrir ({descripción})"), {{"nombre", nombre}, {"descripción", v.error}}));
+        else if (v.fallidos > 0)
+            errores.push_back(rellenar(tr("{nombre}: {fallidos} de {total} elementos no se pudieron borrar (en uso o "
+                                          "protegidos)"),
+                                       {{"nombre", nombre},
+                                        {"fallidos", std::to_string(v.fallidos)},
+                                        {"total", std::to_string(v.total)}}));
+        return;
+    }
+}
