@@ -5,7 +5,9 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <grp.h>
+#include <sched.h>
 #include <spawn.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -130,6 +132,23 @@ bool comoUsuarioSinPrivilegios(const std::filesystem::path& carpeta, const std::
     int st = 0;
     ::waitpid(pid, &st, 0);
     return WIFEXITED(st) && WEXITSTATUS(st) == 0;
+}
+
+int conMontajesPropios(const std::function<int()>& f)
+{
+    std::fflush(nullptr);
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        // Private propagation: nothing mounted here reaches the parent's namespace.
+        int r = sinMontajes;
+        if (::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0)
+            r = f();
+        std::fflush(nullptr);
+        ::_exit(r);
+    }
+    int st = 0;
+    ::waitpid(pid, &st, 0);
+    return WIFEXITED(st) ? WEXITSTATUS(st) : -1;
 }
 
 std::vector<int> hijosVivos()

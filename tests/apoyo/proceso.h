@@ -40,6 +40,14 @@ Salida ejecutarVorlanoSinPrivilegios(const std::filesystem::path& home, const st
 // is a fork: f must not use the parallel loop or start threads.
 bool comoUsuarioSinPrivilegios(const std::filesystem::path& carpeta, const std::function<bool()>& f);
 
+// Runs f in a child process with a mount namespace of its own, so that what
+// it mounts vanishes with it, and returns f's result as the child's exit
+// status; sinMontajes when the system allows no such namespace (f may return
+// it too, when a mount it needs is refused). The child is a fork: f must not
+// use the parallel loop or start threads.
+inline constexpr int sinMontajes = 77;
+int conMontajesPropios(const std::function<int()>& f);
+
 // The children of this process still present (alive or zombie), by pid.
 std::vector<int> hijosVivos();
 
