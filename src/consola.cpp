@@ -2,6 +2,7 @@
 #include "consola.h"
 
 #include "escaner/escaner.h"
+#include "limpieza/limpiador.h"
 #include "mapa/medidor.h"
 #include "nucleo/formato.h"
 #include "nucleo/textos.h"
@@ -83,7 +84,7 @@ std::string informe(const std::vector<Categoria>& categorias, const Entorno& ent
     return r;
 }
 
-void ejecutar(bool limpiar, bool /*todo*/)
+void ejecutar(bool limpiar, bool todo)
 {
     const Entorno entorno = Entorno::actual();
     const auto inicio = std::chrono::steady_clock::now();
@@ -100,6 +101,19 @@ void ejecutar(bool limpiar, bool /*todo*/)
                  '\n');
         return;
     }
+    // Every item, those in use by an open app too.
+    if (todo)
+        for (Categoria& c : categorias)
+            for (Elemento& e : c.elementos)
+                e.seleccionado = true;
+    // A terminal cleaning leaves no trace in the history.
+    const Resultado r = Limpiador(entorno).limpiar(std::move(categorias), [](const std::string&) {});
+    imprimir('\n' +
+             rellenar(tr("Borrado: {borrado} · A la Papelera: {enPapelera}"),
+                      {{"borrado", formatoBytes(r.borrado)}, {"enPapelera", formatoBytes(r.enPapelera)}}) +
+             '\n');
+    for (const std::string& error : r.errores)
+        imprimir(rellenar(tr("  error: {texto}"), {{"texto", textoVisible(error)}}) + '\n');
 }
 
 std::string informeMapa(const NodoDisco& raiz, double segundos)
