@@ -325,20 +325,26 @@ TEST(MedidorMapa, CarpetasIlegiblesEnCadaNivel)
         casa.sinPermisos(c);
     const int64_t esperado = du(casa.raiz()) - asignado(casa.raiz()) - ocultos;
 
-    std::shared_ptr<NodoDisco> raiz;
-    if (::geteuid() == 0) {
-        ::chmod(casa.raiz().c_str(), 0755);
-        ASSERT_EQ(::setegid(65534), 0);
-        ASSERT_EQ(::seteuid(65534), 0);
-        raiz = MedidorMapa(casa.entorno()).medir();
-        ASSERT_EQ(::seteuid(0), 0);
-        ASSERT_EQ(::setegid(0), 0);
-    } else {
-        raiz = MedidorMapa(casa.entorno()).medir();
-    }
+    auto medirSinPrivilegios = [&] {
+        if (::geteuid() != 0)
+            return MedidorMapa(casa.entorno()).medir();
+        EXPECT_EQ(::setegid(65534), 0);
+        EXPECT_EQ(::seteuid(65534), 0);
+        auto raiz = MedidorMapa(casa.entorno()).medir();
+        EXPECT_EQ(::seteuid(0), 0);
+        EXPECT_EQ(::setegid(0), 0);
+        return raiz;
+    };
+    ::chmod(casa.raiz().c_str(), 0755);
+    auto raiz = medirSinPrivilegios();
     revisar(*raiz);
     EXPECT_EQ(raiz->tamano, esperado);
     ASSERT_NE(buscar(*raiz, "Documents/a/b/c/grande"), nullptr);
+
+    ::chmod(casa.raiz().c_str(), 0311);
+    raiz = medirSinPrivilegios();
+    EXPECT_EQ(raiz->tamano, 0);
+    EXPECT_TRUE(raiz->hijos.empty());
 }
 
 // A file system mounted below the level-3 folders is not entered: only the
