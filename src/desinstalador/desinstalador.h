@@ -45,6 +45,16 @@ struct Desinstalador {
     // measured, in the order of the fixed locations. Only looks.
     std::vector<Elemento> restos(const AppInstalada& app) const;
 
+    // Moves the bundle, then each selected leftover that the path rule allows,
+    // to the Trash. When the bundle can't be moved nothing else is touched.
+    // Sizes are those already measured; nothing is deleted. Blocking, and may
+    // wait minutes for the user's password.
+    Resultado desinstalar(const AppInstalada& app, const std::vector<Elemento>& restos) const;
+
+    // The bundle to the Trash, asking for an administrator's consent when it
+    // isn't the user's. Absent on success, else the message.
+    std::optional<std::string> moverAppAPapelera(const AppInstalada& app) const;
+
     // One unselected, unmeasured item per identifier of an application that is
     // no longer installed, holding every entry named after it.
     std::vector<Elemento> restosHuerfanos(const std::vector<AppInstalada>& instaladas) const;

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// Moving to the Trash what the user can't move alone: an application bundle of
+// root's or of another user's, with an administrator's consent.
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace plataforma {
+
+// Moves the entry into the user's Trash once an administrator agrees through
+// the system's password prompt; waits up to 300 seconds for the answer. False
+// when the user cancels, the system has no such prompt, or the move fails;
+// then nothing has changed.
+bool moverAPapeleraComoAdministrador(const std::filesystem::path& ruta);
+
+// On a Mac the Finder does that move and asks for the password itself: this is
+// the script for osascript, the path escaped for an AppleScript string (every
+// "\" doubled first, then every '"' escaped, so no added "\" is doubled again).
+inline std::string guionPapeleraFinder(std::string_view ruta)
+{
+    std::string escapada;
+    for (const char c : ruta) {
+        if (c == '\\')
+            escapada += "\\\\";
+        else if (c == '"')
+            escapada += "\\\"";
+        else
+            escapada += c;
+    }
+    return "tell application \"Finder\" to delete (POSIX file \"" + escapada + "\" as alias)";
+}
+
+} // namespace plataforma
