@@ -49,6 +49,8 @@ std::set<std::string> enPapelera()
     return r;
 }
 
+const std::string cancelado = "Editor: no se pudo mover a la Papelera (se canceló o falta permiso)";
+
 bool existe(const fs::path& p)
 {
     struct stat st;
@@ -188,7 +190,7 @@ TEST_F(Desinstalar, AppQueNoSeMueveDejaTodoComoEstaba)
     Variable rechazo("VORLANO_ELEVADOR", "/bin/false");
     app.deRoot = true;
     r = d.desinstalar(app, restos);
-    EXPECT_EQ(r.errores, std::vector<std::string>{"Editor: no se pudo mover a la Papelera (se canceló o falta permiso)"});
+    EXPECT_EQ(r.errores, std::vector<std::string>{cancelado});
     EXPECT_EQ(r.enPapelera, 0);
 
     EXPECT_TRUE(existe(app.url));
@@ -228,7 +230,7 @@ TEST_F(Desinstalar, AppAjenaSinDialogoDeContrasena)
     AppInstalada app = editor();
     app.deRoot = true;
     const Resultado r = Desinstalador(casa.entorno()).desinstalar(app, {});
-    EXPECT_EQ(r.errores, std::vector<std::string>{"Editor: no se pudo mover a la Papelera (se canceló o falta permiso)"});
+    EXPECT_EQ(r.errores, std::vector<std::string>{cancelado});
     EXPECT_TRUE(existe(app.url));
 }
 

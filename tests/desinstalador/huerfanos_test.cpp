@@ -5,13 +5,12 @@
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
 #include "bundles.h"
-#include "escaner/escaner.h"
+#include "nucleo/formato.h"
 #include "plataforma/apps.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <algorithm>
 #include <fstream>
 #include <map>
 
@@ -72,18 +71,6 @@ TEST(Identificadores, FabricanteYForma)
     EXPECT_EQ(Desinstalador::prefijos().size(), 13u);
 }
 
-TEST_F(Huerfanos, SoloNombresConFormaDeIdentificador)
-{
-    for (const char* r : {"Library/Application Support/Pintor", "Library/Application Support/com.foo",
-                          "Library/Application Support/xyz.foo.bar", "Library/Application Support/com.foo bar.baz",
-                          "Library/Application Support/COM.foo.bar", "Library/HTTPStorages/org.web.datos",
-                          "Library/WebKit/net.kit.vista"})
-        casa.archivo(r, 4096);
-    EXPECT_EQ(huerfanos(), (Mapa{{"COM.foo.bar", {"Library/Application Support/COM.foo.bar"}},
-                                 {"org.web.datos", {"Library/HTTPStorages/org.web.datos"}},
-                                 {"net.kit.vista", {"Library/WebKit/net.kit.vista"}}}));
-}
-
 TEST_F(Huerfanos, FinalesConSuMayuscula)
 {
     for (const char* r : {"Library/Saved Application State/net.foo.bar.savedState",
@@ -106,6 +93,7 @@ TEST_F(Huerfanos, FinalesConSuMayuscula)
 TEST_F(Huerfanos, MismoFabricanteSistemaYPropiaNoSeJuzgan)
 {
     for (const char* r : {"Library/Application Support/com.foo.old", "Library/Application Support/com.other.old",
+                          "Library/Application Support/Pintor", "Library/Application Support/xyz.foo.bar",
                           "Library/Preferences/COM.FOO.viejo.plist", "Library/Application Support/com.apple.x",
                           "Library/WebKit/COM.Apple.Safari", "Library/Preferences/com.APPLE.finder.plist",
                           "Library/HTTPStorages/APP.VORLANO.Vorlano"})
@@ -151,40 +139,39 @@ TEST_F(Huerfanos, CarpetasIlegiblesYEnlaces)
     casa.archivo("Library/Preferences/com.tres.cuatro.plist", 4096);
     casa.sinPermisos("Library/Preferences");
     EXPECT_TRUE(apoyo::comoUsuarioSinPrivilegios(casa.raiz(), [&] {
-        return huerfanos() == Mapa{{"com.uno.dos", {"Library/Application Support/com.uno.dos", "Library/WebKit/com.uno.dos"}}};
+        return huerfanos() ==
+               Mapa{{"com.uno.dos", {"Library/Application Support/com.uno.dos", "Library/WebKit/com.uno.dos"}}};
     }));
-}
-
-TEST_F(Huerfanos, ElAnalisisLosMideEnSuCategoria)
-{
-    casa.archivo("Library/Application Support/com.vieja.app/datos", 300 * 1024);
-    casa.archivo("Library/Preferences/com.vieja.app.plist", 8 * 1024);
-    crearBundle(casa.ruta("Applications/Viva.app"), clavesDeApp("com.viva.app"));
-    casa.archivo("Library/Application Support/com.viva.otra/datos", 300 * 1024);
-
-    std::vector<std::string> textos;
-    const auto cats = Escaner(casa.entorno()).escanear([&](const std::string& t) { textos.push_back(t); });
-    EXPECT_NE(std::find(textos.begin(), textos.end(), "Buscando restos de apps desinstaladas…"), textos.end());
-    ASSERT_EQ(cats.size(), 1u);
-    EXPECT_EQ(cats[0].id, "huerfanos");
-    EXPECT_EQ(cats[0].titulo, "Restos de apps desinstaladas");
-    ASSERT_EQ(cats[0].elementos.size(), 1u);
-    const Elemento& e = cats[0].elementos[0];
-    EXPECT_EQ(e.nombre, "com.vieja.app");
-    EXPECT_EQ(e.tamano, apoyo::du(e.url) + apoyo::du(e.extra.at(0)));
-    EXPECT_FALSE(e.seleccionado);
 }
 
 TEST_F(Huerfanos, ElInformeDeTerminalLosLista)
 {
+    // One identifier in all five places; an installed app's vendor keeps its own.
     casa.archivo("Library/Application Support/org.ido.editor/datos", 200 * 1024);
     casa.archivo("Library/Saved Application State/org.ido.editor.savedState/w", 4096);
+    casa.archivo("Library/HTTPStorages/org.ido.editor/w", 4096);
+    casa.archivo("Library/WebKit/org.ido.editor/w", 4096);
+    casa.archivo("Library/Preferences/org.ido.editor.plist", 4096);
+    crearBundle(casa.ruta("Applications/Vivo.app"), clavesDeApp("org.vivo.app"));
+    casa.archivo("Library/Application Support/org.vivo.ayudante/datos", 200 * 1024);
+
     const auto s = apoyo::ejecutarVorlano(casa.raiz(), {"--scan"},
                                           {{"XDG_DATA_DIRS", sistema.ruta("share").string()},
                                            {"FLATPAK_SYSTEM_DIR", sistema.ruta("flatpak").string()}});
     EXPECT_EQ(s.estado, 0);
     const size_t titulo = s.salida.find("■ Restos de apps desinstaladas — ");
     ASSERT_NE(titulo, std::string::npos) << s.salida;
-    EXPECT_NE(s.salida.find("[ ] ", titulo), std::string::npos);
-    EXPECT_NE(s.salida.find("org.ido.editor", titulo), std::string::npos);
+    const std::string fila = "org.ido.editor — 5 carpetas o archivos de una app que ya no está instalada\n";
+    const size_t f = s.salida.find(fila, titulo);
+    ASSERT_NE(f, std::string::npos) << s.salida;
+    int64_t total = 0;
+    for (const char* r : {"Library/Application Support/org.ido.editor",
+                          "Library/Saved Application State/org.ido.editor.savedState",
+                          "Library/HTTPStorages/org.ido.editor", "Library/WebKit/org.ido.editor",
+                          "Library/Preferences/org.ido.editor.plist"})
+        total += apoyo::du(casa.ruta(r));
+    const size_t linea = s.salida.rfind('\n', f) + 1;
+    EXPECT_TRUE(s.salida.substr(linea).starts_with("   [ ] " + formatoBytes(total) + " "))
+        << s.salida.substr(linea, f - linea);
+    EXPECT_EQ(s.salida.find("org.vivo"), std::string::npos);
 }

@@ -67,7 +67,9 @@ AppsConocidas::AppsConocidas()
     // Flatpak: one folder per application id, in the user's and the system's
     // installation (FLATPAK_SYSTEM_DIR moves the latter, as for flatpak itself).
     const char* sistema = std::getenv("FLATPAK_SYSTEM_DIR");
-    for (const fs::path& inst : {datosDeUsuario() / "flatpak", fs::path(sistema && *sistema ? sistema : "/var/lib/flatpak")}) {
+    const fs::path instalaciones[] = {datosDeUsuario() / "flatpak",
+                                      sistema && *sistema ? fs::path(sistema) : fs::path("/var/lib/flatpak")};
+    for (const fs::path& inst : instalaciones) {
         std::error_code ec;
         for (fs::directory_iterator it(inst / "app", ec), fin; !ec && it != fin; it.increment(ec))
             ids_.insert(minusculas(it->path().filename().string()));
