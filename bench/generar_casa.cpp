@@ -4,12 +4,15 @@
 //
 //   generar-casa <carpeta> [--archivos N] [--profundidad D] [--semilla S]
 //                [--caches F] [--logs F] [--node-modules F] [--hijos-caches K]
-//                [--dispersos K] [--duplicados K]
+//                [--dispersos K] [--duplicados K] [--medianos K] [--personales A,B,…]
 //
 // Fractions say where the files go; the rest lands in Documents, Projects and
 // the like. Tiny files hold 1 to 3000 bytes; sparse files are 300 MB to 2 GB
 // long with no data. --duplicados adds K groups of identical files of
-// 100 KB to 2 MB in Documents, Downloads and Pictures.
+// 100 KB to 2 MB in Documents, Downloads and Pictures; --medianos adds K
+// files of 100 KB to 4 MB with content of their own across the five personal
+// folders, many of one size. --personales names the folders that take the rest
+// of the files (by default Documents, Desktop, Pictures, Music, Developer/src).
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -19,6 +22,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -33,7 +37,19 @@ struct Opciones {
     int hijosCaches = 200;
     int dispersos = 10;
     int duplicados = 0;
+    int medianos = 0;
+    std::vector<std::string> personales{"Documents", "Desktop", "Pictures", "Music", "Developer/src"};
 };
+
+std::vector<std::string> lista(const char* texto)
+{
+    std::vector<std::string> r;
+    std::istringstream in(texto);
+    for (std::string parte; std::getline(in, parte, ',');)
+        if (!parte.empty())
+            r.push_back(parte);
+    return r;
+}
 
 // splitmix64: small, fast and the same everywhere.
 struct Azar {
@@ -123,6 +139,8 @@ Opciones leer(int argc, char** argv)
         else if (a == "--hijos-caches") o.hijosCaches = std::max(1, std::atoi(valor()));
         else if (a == "--dispersos") o.dispersos = std::atoi(valor());
         else if (a == "--duplicados") o.duplicados = std::atoi(valor());
+        else if (a == "--medianos") o.medianos = std::atoi(valor());
+        else if (a == "--personales") o.personales = lista(valor());
         else if (!a.empty() && a[0] != '-' && o.carpeta.empty()) o.carpeta = a;
         else {
             std::fprintf(stderr, "generar-casa: opción desconocida %s\n", a.c_str());
@@ -132,7 +150,7 @@ Opciones leer(int argc, char** argv)
     if (o.carpeta.empty()) {
         std::fprintf(stderr, "uso: generar-casa <carpeta> [--archivos N] [--profundidad D] [--semilla S] "
                              "[--caches F] [--logs F] [--node-modules F] [--hijos-caches K] [--dispersos K] "
-                             "[--duplicados K]\n");
+                             "[--duplicados K] [--medianos K] [--personales A,B,...]\n");
         std::exit(2);
     }
     return o;
@@ -154,11 +172,11 @@ int main(int argc, char** argv)
     const long resto = std::max(0L, o.archivos - enCaches - enLogs - enNode);
 
     // Library/Caches: many children, each a small tree.
-    for (int h = 0; h < o.hijosCaches; ++h) {
+    for (int h = 0; enCaches > 0 && h < o.hijosCaches; ++h) {
         const long n = enCaches / o.hijosCaches + (h < enCaches % o.hijosCaches ? 1 : 0);
         arbol(az, o.carpeta + "/Library/Caches/org.ejemplo.app" + std::to_string(h), n, o.profundidad, relleno);
     }
-    for (int h = 0; h < 20; ++h) {
+    for (int h = 0; enLogs > 0 && h < 20; ++h) {
         const long n = enLogs / 20 + (h < enLogs % 20 ? 1 : 0);
         arbol(az, o.carpeta + "/Library/Logs/registro" + std::to_string(h), n, 2, relleno);
     }
@@ -171,10 +189,10 @@ int main(int argc, char** argv)
         const long n = enNode / proyectos + (p < enNode % proyectos ? 1 : 0);
         arbol(az, dir + "/node_modules", n, o.profundidad + 4, relleno);
     }
-    const char* personales[] = {"Documents", "Desktop", "Pictures", "Music", "Developer/src"};
-    for (size_t k = 0; k < std::size(personales); ++k) {
-        const long n = resto / long(std::size(personales)) + (long(k) < resto % long(std::size(personales)) ? 1 : 0);
-        arbol(az, o.carpeta + "/" + personales[k], n, o.profundidad, relleno);
+    const long carpetas = long(std::max<size_t>(o.personales.size(), 1));
+    for (size_t k = 0; k < o.personales.size(); ++k) {
+        const long n = resto / carpetas + (long(k) < resto % carpetas ? 1 : 0);
+        arbol(az, o.carpeta + "/" + o.personales[k], n, o.profundidad, relleno);
     }
     // Large sparse files: long, with no data blocks.
     mkdirs(o.carpeta + "/Movies");
@@ -196,6 +214,15 @@ int main(int argc, char** argv)
             mkdirs(dir);
             escribir(dir + "/dup" + std::to_string(g) + "_" + std::to_string(c) + ".bin", relleno.data() + desde, n);
         }
+    }
+    // Unique medium files; sizes in whole 4 KiB blocks, so that many share one.
+    const char* cinco[] = {"Desktop", "Documents", "Downloads", "Pictures", "Movies"};
+    for (int m = 0; m < o.medianos; ++m) {
+        const size_t n = size_t(az.entre(25, 1000)) * 4096;
+        const size_t desde = size_t(az.siguiente() % (relleno.size() - n));
+        const std::string dir = o.carpeta + "/" + cinco[m % 5] + "/medianos" + std::to_string(m % 7);
+        mkdirs(dir);
+        escribir(dir + "/m" + std::to_string(m) + ".jpg", relleno.data() + desde, n);
     }
     std::printf("%s: %ld archivos\n", o.carpeta.c_str(), o.archivos + o.dispersos);
     return 0;

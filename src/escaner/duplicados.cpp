@@ -69,6 +69,22 @@ void quitarEnlacesDuros(std::vector<Candidato>& lista)
     std::erase_if(lista, [&](const Candidato& c) { return !vistos.insert({c.dispositivo, c.inodo}).second; });
 }
 
+// Each group split by logical length, in order; only parts of two or more
+// files are kept.
+std::vector<std::vector<Candidato>> porTamanoDe(std::vector<std::vector<Candidato>> grupos)
+{
+    std::vector<std::vector<Candidato>> r;
+    for (auto& g : grupos) {
+        std::map<int64_t, std::vector<Candidato>> partes;
+        for (auto& c : g)
+            partes[c.tamano].push_back(std::move(c));
+        for (auto& [t, parte] : partes)
+            if (parte.size() > 1)
+                r.push_back(std::move(parte));
+    }
+    return r;
+}
+
 // The birth time where the file system records one, in whole seconds;
 // elsewhere the modification time taken by the walk stays.
 void fecharCreacion(Candidato& c)
@@ -132,35 +148,38 @@ std::vector<Elemento> Escaner::duplicados() const
     for (const char* c : carpetasPersonales)
         recoger(entorno.ruta(c), porTamano);
 
-    std::vector<Elemento> r;
+    // Only sizes with several files are hashed. All of them go through one
+    // parallel pass per hash rather than one per size, so that the workers
+    // stay busy when most sizes have two or three files; groups are split
+    // by size afterwards, since equal ends don't make equal lengths.
+    std::vector<Candidato> varios;
     for (auto& [tamano, lista] : porTamano) {
         if (lista.size() < 2)
             continue;
         quitarEnlacesDuros(lista);
-        if (lista.size() < 2)
-            continue;
-        for (const auto& parecidos : agrupar(lista, huellaParcial)) {
-            if (parecidos.size() < 2)
-                continue;
-            for (auto grupo : agrupar(parecidos, huellaCompleta)) {
-                if (grupo.size() < 2)
-                    continue;
-                std::for_each(grupo.begin(), grupo.end(), fecharCreacion);
-                std::sort(grupo.begin(), grupo.end(),
-                          [this](const Candidato& a, const Candidato& b) { return conservarAntes(a, b); });
-                const std::string conservado = relativa(grupo.front().ruta);
-                for (size_t i = 1; i < grupo.size(); ++i) {
-                    const Candidato& c = grupo[i];
-                    // A clone shares its blocks with the kept copy: removing it may free nothing.
-                    const std::string plantilla =
-                        plataforma::esClon(c.ruta) ? tr("Igual a {conservado} · copia clonada: puede no liberar espacio")
-                                                   : tr("Igual a {conservado}");
-                    r.push_back(Elemento{.url = c.ruta,
-                                         .nombre = relativa(c.ruta),
-                                         .detalle = rellenar(plantilla, {{"conservado", conservado}}),
-                                         .tamano = c.bloques});
-                }
-            }
+        if (lista.size() > 1)
+            std::move(lista.begin(), lista.end(), std::back_inserter(varios));
+    }
+    std::vector<Candidato> parecidos;
+    for (auto& g : porTamanoDe(agrupar(varios, huellaParcial)))
+        std::move(g.begin(), g.end(), std::back_inserter(parecidos));
+
+    std::vector<Elemento> r;
+    for (auto& grupo : porTamanoDe(agrupar(parecidos, huellaCompleta))) {
+        std::for_each(grupo.begin(), grupo.end(), fecharCreacion);
+        std::sort(grupo.begin(), grupo.end(),
+                  [this](const Candidato& a, const Candidato& b) { return conservarAntes(a, b); });
+        const std::string conservado = relativa(grupo.front().ruta);
+        for (size_t i = 1; i < grupo.size(); ++i) {
+            const Candidato& c = grupo[i];
+            // A clone shares its blocks with the kept copy: removing it may free nothing.
+            const std::string plantilla = plataforma::esClon(c.ruta)
+                                              ? tr("Igual a {conservado} · copia clonada: puede no liberar espacio")
+                                              : tr("Igual a {conservado}");
+            r.push_back(Elemento{.url = c.ruta,
+                                 .nombre = relativa(c.ruta),
+                                 .detalle = rellenar(plantilla, {{"conservado", conservado}}),
+                                 .tamano = c.bloques});
         }
     }
     return r;

@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# The duplicate search (`buscar-duplicados`, the scan's stage alone) against
+# `jdupes -r` and `fdupes -r` over the same five personal folders of a
+# generated home, and whether all three find the same duplicate files within
+# the search's scope: files of at least 100,000 bytes (the generated folders
+# hold no hidden, package or project-artefact folders).
+#   bench/duplicados.sh [archivos (200000)] [rondas (5)]
+# Installs jdupes and fdupes if they are missing. Warm cache, alternating runs.
+set -euo pipefail
+source "$(dirname "$0")/comun.sh"
+
+archivos="${1:-200000}"
+rondas="${2:-5}"
+base="${VORLANO_BENCH_DIR:-/tmp/vorlano-bench}"
+casa="$base/duplicados-$archivos"
+tiempos="$(mktemp)"
+trabajo="$(mktemp -d)"
+trap 'rm -rf "$tiempos" "$trabajo"' EXIT
+
+if ! command -v jdupes >/dev/null || ! command -v fdupes >/dev/null; then
+  sudo=()
+  [ "$(id -u)" -ne 0 ] && sudo=(sudo)
+  DEBIAN_FRONTEND=noninteractive "${sudo[@]}" apt-get install -y -qq jdupes fdupes >/dev/null
+fi
+
+mkdir -p "$base"
+generar "$casa" --archivos "$archivos" --caches 0.2 --logs 0.05 --node-modules 0.02 \
+  --duplicados 300 --medianos 1000 --semilla 13
+carpetas=()
+for c in Desktop Documents Downloads Pictures Movies; do
+  [ -d "$casa/$c" ] && carpetas+=("$casa/$c")
+done
+
+# The same answer? Every file in a group, kept copy included, one per line.
+"$build/buscar-duplicados" "$casa" | tr '\t' '\n' | sort -u >"$trabajo/vorlano"
+for otro in jdupes fdupes; do
+  "$otro" -r -q "${carpetas[@]}" | grep -v '^$' | xargs -r -d '\n' stat -c '%s/%n' |
+    awk -F/ '$1 >= 100000' | cut -d/ -f2- | sort -u >"$trabajo/$otro"
+done
+
+for ((i = 0; i < rondas; i++)); do
+  medir jdupes jdupes -r -q "${carpetas[@]}"
+  medir fdupes fdupes -r -q "${carpetas[@]}"
+  medir vorlano "$build/buscar-duplicados" "$casa"
+done
+
+read -r t_j m_j <<<"$(resumen jdupes)"
+read -r t_f m_f <<<"$(resumen fdupes)"
+read -r t_v m_v <<<"$(resumen vorlano)"
+echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
+printf "%-24s %8s s   pico %7s MB\n" "jdupes -r" "$t_j" "$m_j" "fdupes -r" "$t_f" "$m_f" \
+  "buscar-duplicados" "$t_v" "$m_v"
+awk -v v="$t_v" -v j="$t_j" -v f="$t_f" 'BEGIN {
+  printf "razón vorlano / jdupes: %.2f   vorlano / fdupes: %.2f (objetivo < 1 en ambas)\n", v / j, v / f }'
+for otro in jdupes fdupes; do
+  if cmp -s "$trabajo/vorlano" "$trabajo/$otro"; then
+    echo "mismos archivos duplicados que $otro: sí ($(wc -l <"$trabajo/vorlano") archivos)"
+  else
+    echo "mismos archivos duplicados que $otro: NO; diferencias:"
+    diff "$trabajo/vorlano" "$trabajo/$otro" | head -20
+  fi
+done
