@@ -4,7 +4,8 @@
 # `jdupes -r` and `fdupes -r` over the same five personal folders of a
 # generated home, and whether all three find the same duplicate files within
 # the search's scope: files of at least 100,000 bytes (the generated folders
-# hold no hidden, package or project-artefact folders).
+# hold no hidden, package or project-artefact folders). For a like-for-like
+# view both also run with the same 100,000-byte floor, as a second pair of lines.
 #   bench/duplicados.sh [archivos (200000)] [rondas (5)]
 # Installs jdupes and fdupes if they are missing. Warm cache, alternating runs.
 set -euo pipefail
@@ -42,17 +43,24 @@ done
 for ((i = 0; i < rondas; i++)); do
   medir jdupes jdupes -r -q "${carpetas[@]}"
   medir fdupes fdupes -r -q "${carpetas[@]}"
+  medir jdupes-suelo jdupes -r -q -X size+=:100000 "${carpetas[@]}"
+  medir fdupes-suelo fdupes -r -q -G 100000 "${carpetas[@]}"
   medir vorlano "$build/buscar-duplicados" "$casa"
 done
 
 read -r t_j m_j <<<"$(resumen jdupes)"
 read -r t_f m_f <<<"$(resumen fdupes)"
 read -r t_v m_v <<<"$(resumen vorlano)"
+read -r t_js m_js <<<"$(resumen jdupes-suelo)"
+read -r t_fs m_fs <<<"$(resumen fdupes-suelo)"
 echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
-printf "%-24s %8s s   pico %7s MB\n" "jdupes -r" "$t_j" "$m_j" "fdupes -r" "$t_f" "$m_f" \
+printf "%-34s %8s s   pico %7s MB\n" "jdupes -r" "$t_j" "$m_j" "fdupes -r" "$t_f" "$m_f" \
+  "jdupes -r -X size+=:100000" "$t_js" "$m_js" "fdupes -r -G 100000" "$t_fs" "$m_fs" \
   "buscar-duplicados" "$t_v" "$m_v"
 awk -v v="$t_v" -v j="$t_j" -v f="$t_f" 'BEGIN {
   printf "razón vorlano / jdupes: %.2f   vorlano / fdupes: %.2f (objetivo < 1 en ambas)\n", v / j, v / f }'
+awk -v v="$t_v" -v j="$t_js" -v f="$t_fs" 'BEGIN {
+  printf "con el mismo suelo: vorlano / jdupes: %.2f   vorlano / fdupes: %.2f\n", v / j, v / f }'
 for otro in jdupes fdupes; do
   if cmp -s "$trabajo/vorlano" "$trabajo/$otro"; then
     echo "mismos archivos duplicados que $otro: sí ($(wc -l <"$trabajo/vorlano") archivos)"

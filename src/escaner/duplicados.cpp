@@ -3,12 +3,10 @@
 // size, then by a hash of both ends, and only then by a hash of every byte.
 #include "escaner/escaner.h"
 
+#include "escaner/arbol.h"
 #include "nucleo/paralelo.h"
 #include "nucleo/textos.h"
 #include "plataforma/archivos.h"
-
-#include <fts.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <map>
@@ -31,35 +29,24 @@ std::string_view ultimoComponente(std::string_view ruta)
 // and project artefacts are not entered; links are not followed.
 void recoger(const fs::path& carpeta, std::map<int64_t, std::vector<Candidato>>& porTamano)
 {
-    char* raiz[] = {const_cast<char*>(carpeta.c_str()), nullptr};
-    FTS* fts = ::fts_open(raiz, FTS_PHYSICAL | FTS_NOCHDIR | FTS_XDEV, nullptr);
-    if (fts == nullptr)
-        return;
-    while (FTSENT* e = ::fts_read(fts)) {
-        if (e->fts_level < 1 || (e->fts_info != FTS_D && e->fts_info != FTS_F) || e->fts_statp == nullptr)
-            continue;
-        const struct stat& st = *e->fts_statp;
-        if (e->fts_info == FTS_F && st.st_size < Escaner::minimoDuplicado)
-            continue;
-        const std::string_view nombre(e->fts_name, e->fts_namelen);
-        if (e->fts_info == FTS_D) {
-            const std::string_view padre(e->fts_path, e->fts_pathlen - e->fts_namelen - 1);
-            if (nombre.starts_with('.') || Escaner::clasificar(nombre, padre) || Escaner::esPaquete(nombre, e->fts_path))
-                ::fts_set(fts, e, FTS_SKIP);
-            continue;
-        }
-        if (nombre.starts_with('.'))
-            continue;
+    recorrerArbol(carpeta, [&](const EntradaArbol& e) {
+        if (!e.carpeta && e.st.st_size < Escaner::minimoDuplicado)
+            return true;
+        if (e.carpeta)
+            return !(e.nombre.starts_with('.') || Escaner::clasificar(e.nombre, e.padre) ||
+                     Escaner::esPaquete(e.nombre, e.ruta.data()));
+        if (e.nombre.starts_with('.'))
+            return true;
         // The modification time stands in for the creation time until the
         // file turns out to have a copy.
-        porTamano[st.st_size].push_back(Candidato{.ruta = e->fts_path,
-                                                  .tamano = st.st_size,
-                                                  .bloques = int64_t(st.st_blocks) * 512,
-                                                  .dispositivo = uint64_t(st.st_dev),
-                                                  .inodo = uint64_t(st.st_ino),
-                                                  .creado = Fecha(std::chrono::seconds(st.st_mtim.tv_sec))});
-    }
-    ::fts_close(fts);
+        porTamano[e.st.st_size].push_back(Candidato{.ruta = std::string(e.ruta),
+                                                    .tamano = e.st.st_size,
+                                                    .bloques = int64_t(e.st.st_blocks) * 512,
+                                                    .dispositivo = uint64_t(e.st.st_dev),
+                                                    .inodo = uint64_t(e.st.st_ino),
+                                                    .creado = Fecha(std::chrono::seconds(e.st.st_mtim.tv_sec))});
+        return true;
+    });
 }
 
 // Two names of one file are one candidate: the first met stays.

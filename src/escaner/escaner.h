@@ -38,7 +38,9 @@ struct Candidato {
     int64_t bloques = 0; // allocated bytes
     uint64_t dispositivo = 0;
     uint64_t inodo = 0;
-    // Whole seconds; only the files of a confirmed group have it filled.
+    // Whole seconds: the modification time from the walk, replaced by the
+    // creation time, where the file system records one, once the file turns
+    // out to have a copy.
     Fecha creado{};
 };
 

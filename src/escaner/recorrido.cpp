@@ -3,12 +3,10 @@
 // artefacts (recognised and pruned on sight), installers and large files.
 #include "escaner/escaner.h"
 
+#include "escaner/arbol.h"
 #include "nucleo/paralelo.h"
 #include "nucleo/textos.h"
 #include "plataforma/archivos.h"
-
-#include <fts.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>
@@ -53,12 +51,6 @@ bool esInstalador(std::string_view nombre)
     });
 }
 
-std::string_view padreDe(const FTSENT* e)
-{
-    const size_t n = e->fts_pathlen - e->fts_namelen - 1;
-    return n == 0 ? std::string_view("/") : std::string_view(e->fts_path, n);
-}
-
 // "Imagen de disco · modificado hace 3 días"; the type falls back to the
 // extension as it stands.
 std::string detalleArchivo(const Archivo& a)
@@ -78,52 +70,40 @@ Hallazgos Escaner::recorrerCarpetaPersonal(const std::optional<std::string>& git
 
     // Links are never followed and other volumes never entered. Nothing is
     // built per entry: only what is reported gets a string of its own.
-    char* raiz[] = {const_cast<char*>(entorno.home.c_str()), nullptr};
-    FTS* fts = ::fts_open(raiz, FTS_PHYSICAL | FTS_NOCHDIR | FTS_XDEV, nullptr);
-    if (fts == nullptr)
-        return {};
-    while (FTSENT* e = ::fts_read(fts)) {
-        if (e->fts_level < 1 || (e->fts_info != FTS_D && e->fts_info != FTS_F))
-            continue;
-        const std::string_view nombre(e->fts_name, e->fts_namelen);
-        if (e->fts_info == FTS_D) {
-            if (e->fts_level == 1 && (nombre == "Library" || nombre == "Applications")) {
-                ::fts_set(fts, e, FTS_SKIP);
-                continue;
-            }
-            const std::string_view padre = padreDe(e);
-            if (auto c = clasificar(nombre, padre)) {
-                ::fts_set(fts, e, FTS_SKIP);
-                const fs::path url(e->fts_path), dePadre(padre);
+    recorrerArbol(entorno.home, [&](const EntradaArbol& e) {
+        if (e.carpeta) {
+            if (e.nivel == 1 && (e.nombre == "Library" || e.nombre == "Applications"))
+                return false;
+            if (auto c = clasificar(e.nombre, e.padre)) {
+                const fs::path url(e.ruta), padre(e.padre);
                 Elemento el{.url = url,
                             .nombre = rutaRelativa(url),
                             .detalle = rellenar(tr("{tipo} · usado {actividad}"),
-                                                {{"tipo", c->tipo}, {"actividad", actividad(dePadre, url)}})};
-                proyectos.push_back({std::move(el), c->esDependencia, std::string(nombre), dePadre});
-            } else if (nombre.starts_with('.') || nombre == "Pods" || esPaquete(nombre, e->fts_path)) {
-                ::fts_set(fts, e, FTS_SKIP);
+                                                {{"tipo", c->tipo}, {"actividad", actividad(padre, url)}})};
+                proyectos.push_back({std::move(el), c->esDependencia, std::string(e.nombre), padre});
+                return false;
             }
-            continue;
+            return !(e.nombre.starts_with('.') || e.nombre == "Pods" || esPaquete(e.nombre, e.ruta.data()));
         }
-        if (nombre.starts_with('.') || e->fts_statp == nullptr)
-            continue;
-        const int64_t tamano = int64_t(e->fts_statp->st_blocks) * 512;
-        const Fecha fecha(std::chrono::seconds(e->fts_statp->st_mtim.tv_sec));
-        if (esInstalador(nombre)) {
-            instaladores.push_back({e->fts_path, tamano, fecha});
-            continue;
+        if (e.nombre.starts_with('.'))
+            return true;
+        const int64_t tamano = int64_t(e.st.st_blocks) * 512;
+        const Fecha fecha(std::chrono::seconds(e.st.st_mtim.tv_sec));
+        if (esInstalador(e.nombre)) {
+            instaladores.push_back({std::string(e.ruta), tamano, fecha});
+            return true;
         }
         // The largest so far, largest first and equal sizes in walk order; a
         // file that wouldn't make the list costs nothing.
         if (tamano < minimo || (grandes.size() == size_t(maxGrandes) && tamano <= grandes.back().tamano))
-            continue;
+            return true;
         const auto sitio = std::upper_bound(grandes.begin(), grandes.end(), tamano,
                                             [](int64_t t, const Archivo& a) { return t > a.tamano; });
-        grandes.insert(sitio, {e->fts_path, tamano, fecha});
+        grandes.insert(sitio, {std::string(e.ruta), tamano, fecha});
         if (grandes.size() > size_t(maxGrandes))
             grandes.pop_back();
-    }
-    ::fts_close(fts);
+        return true;
+    });
 
     // Folders of ambiguous names that git tracks are sources, not artefacts.
     std::vector<char> versionada(proyectos.size(), 0);

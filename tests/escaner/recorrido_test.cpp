@@ -231,17 +231,24 @@ TEST(Recorrido, CuarentaMayoresYEmpatesEnOrdenDelRecorrido)
         EXPECT_EQ(h.grandes[i].nombre, "m/f" + std::to_string(44 - i));
 }
 
-TEST(Recorrido, RutaRelativaComparaComponentesConEnlacesResueltos)
+// Both resolve links; outside home one gives the last component, the other
+// the path unchanged.
+TEST(Recorrido, RutasRelativasAUnaCasaEnlazada)
 {
     CasaPrueba casa;
     casa.crearDir("real/Documents/x");
     casa.enlace("casa", casa.ruta("real"));
     const Escaner esc(Entorno{casa.ruta("casa"), true});
-    EXPECT_EQ(esc.rutaRelativa(casa.ruta("real/Documents/x")), "Documents/x");
-    EXPECT_EQ(esc.rutaRelativa(casa.ruta("casa/Documents/x")), "Documents/x");
+    for (const char* p : {"real/Documents/x", "casa/Documents/x"}) {
+        EXPECT_EQ(esc.rutaRelativa(casa.ruta(p)), "Documents/x");
+        EXPECT_EQ(esc.relativa(casa.ruta(p)), "Documents/x");
+    }
     EXPECT_EQ(esc.rutaRelativa(casa.ruta("casa")), "casa");
-    EXPECT_EQ(esc.rutaRelativa(casa.ruta("realidad/x")), "x"); // a shared prefix of text is not a parent
+    // A shared prefix of text is not a parent.
+    EXPECT_EQ(esc.rutaRelativa(casa.ruta("realidad/x")), "x");
+    EXPECT_EQ(esc.relativa(casa.ruta("realidad/x")), casa.ruta("realidad/x").string());
     EXPECT_EQ(esc.rutaRelativa("/etc/hosts"), "hosts");
+    EXPECT_EQ(esc.relativa("/etc/hosts"), "/etc/hosts");
 }
 
 TEST(Recorrido, GitDecidePorSuCodigoDeSalida)
