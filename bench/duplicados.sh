@@ -54,13 +54,17 @@ read -r t_v m_v <<<"$(resumen vorlano)"
 read -r t_js m_js <<<"$(resumen jdupes-suelo)"
 read -r t_fs m_fs <<<"$(resumen fdupes-suelo)"
 echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
-printf "%-34s %8s s   pico %7s MB\n" "jdupes -r" "$t_j" "$m_j" "fdupes -r" "$t_f" "$m_f" \
-  "jdupes -r -X size+=:100000" "$t_js" "$m_js" "fdupes -r -G 100000" "$t_fs" "$m_fs" \
-  "buscar-duplicados" "$t_v" "$m_v"
-awk -v v="$t_v" -v j="$t_j" -v f="$t_f" 'BEGIN {
-  printf "razón vorlano / jdupes: %.2f   vorlano / fdupes: %.2f (objetivo < 1 en ambas)\n", v / j, v / f }'
-awk -v v="$t_v" -v j="$t_js" -v f="$t_fs" 'BEGIN {
-  printf "con el mismo suelo: vorlano / jdupes: %.2f   vorlano / fdupes: %.2f\n", v / j, v / f }'
+c_j="$(cpu jdupes)" c_f="$(cpu fdupes)" c_js="$(cpu jdupes-suelo)" c_fs="$(cpu fdupes-suelo)" c_v="$(cpu vorlano)"
+printf "%-28s %7s s   cpu %7s s   pico %7s MB\n" "jdupes -r" "$t_j" "$c_j" "$m_j" "fdupes -r" "$t_f" "$c_f" "$m_f" \
+  "jdupes -r -X size+=:100000" "$t_js" "$c_js" "$m_js" "fdupes -r -G 100000" "$t_fs" "$c_fs" "$m_fs" \
+  "buscar-duplicados" "$t_v" "$c_v" "$m_v"
+razones() { # razones <título> <t vorlano> <t jdupes> <t fdupes>
+  awk -v n="$1" -v v="$2" -v j="$3" -v f="$4" 'BEGIN { printf "%s: vorlano / jdupes %.2f, vorlano / fdupes %.2f\n", n, v / j, v / f }'
+}
+razones "razón (objetivo < 1 en ambas)" "$t_v" "$t_j" "$t_f"
+razones "razón en cpu" "$c_v" "$c_j" "$c_f"
+razones "con el mismo suelo" "$t_v" "$t_js" "$t_fs"
+razones "con el mismo suelo, en cpu" "$c_v" "$c_js" "$c_fs"
 for otro in jdupes fdupes; do
   if cmp -s "$trabajo/vorlano" "$trabajo/$otro"; then
     echo "mismos archivos duplicados que $otro: sí ($(wc -l <"$trabajo/vorlano") archivos)"

@@ -6,7 +6,8 @@
 # which walk the same tree.
 #   bench/recorrido.sh [archivos (200000)] [rondas (5)]
 # Warm cache: one untimed run of each first; runs alternate so all see the
-# same machine. Prints the medians, the ratios and the peak memories.
+# same machine. Prints the medians of elapsed and of CPU time (user + system,
+# steadier on a shared machine), the ratios and the peak memories.
 set -euo pipefail
 source "$(dirname "$0")/comun.sh"
 
@@ -34,7 +35,9 @@ read -r t_du m_du <<<"$(resumen du)"
 read -r t_f m_f <<<"$(resumen find)"
 read -r t_v m_v <<<"$(resumen vorlano)"
 echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
-printf "%-32s %8s s   pico %7s MB\n" "du -s" "$t_du" "$m_du" "find -type f -size +250M" "$t_f" "$m_f" \
-  "vorlano --scan" "$t_v" "$m_v"
-awk -v v="$t_v" -v d="$t_du" -v f="$t_f" 'BEGIN {
-  printf "razón vorlano / du: %.2f (objetivo <= 1.20)\nrazón vorlano / find: %.2f\n", v / d, v / f }'
+c_du="$(cpu du)" c_f="$(cpu find)" c_v="$(cpu vorlano)"
+printf "%-28s %7s s   cpu %7s s   pico %7s MB\n" "du -s" "$t_du" "$c_du" "$m_du" \
+  "find -type f -size +250M" "$t_f" "$c_f" "$m_f" "vorlano --scan" "$t_v" "$c_v" "$m_v"
+awk -v v="$t_v" -v d="$t_du" -v f="$t_f" -v cv="$c_v" -v cd="$c_du" -v cf="$c_f" 'BEGIN {
+  printf "razón vorlano / du: %.2f, en cpu %.2f (objetivo <= 1.20)\n", v / d, cv / cd
+  printf "razón vorlano / find: %.2f, en cpu %.2f\n", v / f, cv / cf }'
