@@ -1,51 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nucleo/plist.h"
 
-#include <plist/plist.h>
+#include "nucleo/lectura.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include <plist/plist.h>
 
 #include <cstdlib>
 #include <memory>
-#include <vector>
 
 namespace {
 
 // Info.plist files are small; anything bigger is not one.
-constexpr off_t tamanoMaximo = 16 * 1024 * 1024;
-
-std::optional<std::vector<char>> leerArchivo(const std::filesystem::path& p)
-{
-    const int fd = ::open(p.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
-    if (fd < 0)
-        return std::nullopt;
-    std::vector<char> datos;
-    struct stat st;
-    if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && st.st_size <= tamanoMaximo) {
-        datos.resize(size_t(st.st_size));
-        size_t leido = 0;
-        while (leido < datos.size()) {
-            const ssize_t n = ::read(fd, datos.data() + leido, datos.size() - leido);
-            if (n <= 0)
-                break;
-            leido += size_t(n);
-        }
-        datos.resize(leido);
-    } else {
-        ::close(fd);
-        return std::nullopt;
-    }
-    ::close(fd);
-    return datos;
-}
+constexpr size_t tamanoMaximo = 16 * 1024 * 1024;
 
 } // namespace
 
 std::optional<DiccionarioPlist> leerPlist(const std::filesystem::path& archivo)
 {
-    const auto datos = leerArchivo(archivo);
+    const auto datos = leerArchivo(archivo, tamanoMaximo);
     if (!datos || datos->empty())
         return std::nullopt;
     plist_t raiz = nullptr;

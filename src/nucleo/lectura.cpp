@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "nucleo/lectura.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+std::optional<std::string> leerArchivo(const std::filesystem::path& ruta, size_t maximo)
+{
+    // O_NONBLOCK: opening a FIFO without a writer would otherwise wait forever.
+    const int fd = ::open(ruta.c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (fd < 0)
+        return std::nullopt;
+    std::optional<std::string> r;
+    struct stat st;
+    if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && uintmax_t(st.st_size) <= maximo) {
+        std::string datos(size_t(st.st_size), '\0');
+        size_t leido = 0;
+        while (leido < datos.size()) {
+            const ssize_t n = ::read(fd, datos.data() + leido, datos.size() - leido);
+            if (n <= 0)
+                break;
+            leido += size_t(n);
+        }
+        datos.resize(leido);
+        r = std::move(datos);
+    }
+    ::close(fd);
+    return r;
+}

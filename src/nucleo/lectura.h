@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <cstddef>
+#include <filesystem>
+#include <optional>
+#include <string>
+
+// The whole content of a small regular file, links not followed. Absent when it
+// can't be opened, isn't a regular file, or holds more than `maximo` bytes. A
+// FIFO or device in its place never blocks the caller.
+std::optional<std::string> leerArchivo(const std::filesystem::path& ruta, size_t maximo);

@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "nucleo/lectura.h"
+
+#include "apoyo/casa.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+TEST(LeerArchivo, SoloArchivosNormalesYPequenos)
+{
+    apoyo::CasaPrueba casa;
+    const auto f = casa.archivoCon("a.json", "{\"x\":1}");
+    EXPECT_EQ(leerArchivo(f, 100), "{\"x\":1}");
+    EXPECT_EQ(leerArchivo(f, 7), "{\"x\":1}");
+    EXPECT_EQ(leerArchivo(f, 6), std::nullopt);
+    EXPECT_EQ(leerArchivo(casa.archivoCon("vacio", ""), 10), "");
+    EXPECT_EQ(leerArchivo(casa.enlace("enlace", f), 100), std::nullopt);
+    EXPECT_EQ(leerArchivo(casa.crearDir("carpeta"), 100), std::nullopt);
+    EXPECT_EQ(leerArchivo(casa.ruta("falta"), 100), std::nullopt);
+    // A FIFO with no writer would block an ordinary open for ever.
+    ASSERT_EQ(::mkfifo(casa.ruta("fifo").c_str(), 0644), 0);
+    EXPECT_EQ(leerArchivo(casa.ruta("fifo"), 100), std::nullopt);
+}
