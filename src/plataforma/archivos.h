@@ -13,6 +13,15 @@ namespace plataforma {
 // file system doesn't record one.
 std::optional<std::chrono::system_clock::time_point> fechaCreacion(const std::filesystem::path& ruta);
 
+// When the entry arrived in its folder, where the system records that; absent
+// otherwise.
+std::optional<std::chrono::system_clock::time_point> fechaLlegada(const std::filesystem::path& ruta);
+
+// The folder a removable volume is mounted on, when the absolute path lies on
+// the place where the system mounts such volumes (by its text alone; nothing
+// is looked up). Absent for any other path.
+std::optional<std::filesystem::path> volumenExtraible(const std::filesystem::path& ruta);
+
 // Whether the path is a package: a directory the user sees as one document or
 // program (Foo.app, Bar.framework, Fotos.photoslibrary…), known here by its
 // extension, in any case. A file or a link is never one.

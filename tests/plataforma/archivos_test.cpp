@@ -67,3 +67,17 @@ TEST(Archivos, DescripcionDeTipoPorElNombre)
     EXPECT_FALSE(plataforma::descripcionTipo("raro.zzqx"));
     EXPECT_FALSE(plataforma::descripcionTipo("sin-extension"));
 }
+
+TEST(Archivos, VolumenExtraiblePorSuLugar)
+{
+    using plataforma::volumenExtraible;
+    using P = std::filesystem::path;
+    EXPECT_EQ(volumenExtraible("/media/ana/USB/proyectos/web"), P("/media/ana/USB"));
+    EXPECT_EQ(volumenExtraible("/media/ana/USB"), P("/media/ana/USB"));
+    EXPECT_EQ(volumenExtraible("/media/ana/USB/"), P("/media/ana/USB"));
+    EXPECT_EQ(volumenExtraible("/run/media/ana/Disco 2/x"), P("/run/media/ana/Disco 2"));
+    EXPECT_EQ(volumenExtraible("//media//ana/USB/x"), P("/media/ana/USB"));
+    for (const char* otro : {"/media/ana", "/media", "/run/media/ana", "/run/x/ana/USB", "/home/ana/media/a/b",
+                             "media/ana/USB/x", "/mnt/USB/x", ""})
+        EXPECT_EQ(volumenExtraible(otro), std::nullopt) << otro;
+}

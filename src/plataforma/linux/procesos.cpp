@@ -18,4 +18,10 @@ int descriptorDeFin(pid_t hijo)
 #endif
 }
 
+const std::vector<std::string>& carpetasDeProgramas()
+{
+    static const std::vector<std::string> carpetas{"/usr/bin", "/usr/local/bin"};
+    return carpetas;
+}
+
 } // namespace plataforma
