@@ -77,6 +77,46 @@ struct Escaner {
     std::vector<Elemento> hijos(std::string_view de, const AppsAbiertas* abiertas,
                                 const std::function<bool(std::string_view)>& incluir) const;
 
+    // Places known by name. Each is total: what can't be read gives fewer items.
+
+    // Development caches and tools fetched again on use; paths relative to home.
+    static const std::vector<Regla>& programacion();
+    static const std::vector<Regla>& redescarga();
+    // Lower-case names in Library/Application Support never searched for Electron caches.
+    static const std::unordered_set<std::string>& appSupportExcluidas();
+    // One item per rule whose path exists (one existence test each).
+    std::vector<Elemento> desdeReglas(const std::vector<Regla>& reglas, const AppsAbiertas& abiertas,
+                                      bool seleccionar) const;
+    // One item per Electron-style app: its cache folders, never the app's own folder.
+    std::vector<Elemento> cachesDeElectron(const AppsAbiertas& abiertas) const;
+
+    // VS Code's and Cursor's state of projects that are gone or unopened for 3 months.
+    std::vector<Elemento> espaciosDeTrabajo() const;
+    std::vector<Elemento> espaciosDeTrabajo(Fecha ahora) const;
+    // True only when the path is provably absent: not on an unmounted volume,
+    // and its nearest existing folder could be listed.
+    static bool seguroQueNoExiste(const std::filesystem::path& ruta);
+    // The later of the modification dates of the folder and its state.vscdb.
+    static std::optional<Fecha> ultimaModificacion(const std::filesystem::path& carpeta);
+
+    // First-level entries of Downloads that arrived there over diasDescargas ago.
+    std::vector<Elemento> descargasAntiguas() const;
+    std::vector<Elemento> descargasAntiguas(Fecha ahora) const;
+
+    // The simctl and docker programs, looked for once per process.
+    static const std::optional<std::string>& simctl();
+    static const std::optional<std::string>& programaDocker();
+    // simctl under the developer folder that this xcode-select reports.
+    static std::optional<std::string> buscarSimctl(const std::string& xcodeSelect);
+    // Simulator data and Docker's reclaimable space, cleaned by the tool's own
+    // command. Nothing in test mode; the ...Con forms run the given program.
+    std::vector<Elemento> simuladores() const;
+    std::vector<Elemento> simuladoresCon(const std::string& simctl, double limite = 15) const;
+    std::vector<Elemento> docker() const;
+    std::vector<Elemento> dockerCon(const std::string& programa, double limite = 10) const;
+    // "1.5GB (10%)" as bytes, decimal units; 0 for what can't be read.
+    static int64_t bytesDeDocker(std::string_view texto);
+
     // Removes repeated, nested and negligible items, sorts each category by
     // size and drops empty categories.
     static std::vector<Categoria> depurar(std::vector<Categoria> categorias);
