@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The simulator and Docker finders against small programs that stand in for
+// simctl, xcode-select and docker: they print a chosen answer, exit with a
+// chosen status, hang, or flood their output.
+#include "escaner/escaner.h"
+
+#include "apoyo/casa.h"
+#include "apoyo/proceso.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+#include <fstream>
+#include <sstream>
+#include <thread>
+
+using apoyo::CasaPrueba;
+using namespace std::chrono_literals;
+
+namespace {
+
+// An executable shell script in the scratch home.
+std::string guion(CasaPrueba& casa, const std::string& nombre, const std::string& cuerpo)
+{
+    const auto p = casa.archivoCon(nombre, "#!/bin/sh\n" + cuerpo + "\n");
+    ::chmod(p.c_str(), 0755);
+    return p.string();
+}
+
+// A program that records its arguments in `nombre`.args, prints `salida`
+// (kept in a file beside it) and exits with `codigo`.
+std::string programa(CasaPrueba& casa, const std::string& nombre, const std::string& salida, int codigo = 0)
+{
+    const auto datos = casa.archivoCon(nombre + ".salida", salida);
+    return guion(casa, nombre,
+                 "printf '%s\\n' \"$@\" > '" + casa.ruta(nombre + ".args").string() + "'\ncat '" + datos.string() +
+                     "'\nexit " + std::to_string(codigo));
+}
+
+std::string leer(const std::filesystem::path& p)
+{
+    std::ifstream f(p);
+    std::stringstream s;
+    s << f.rdbuf();
+    return s.str();
+}
+
+// No test leaves a child behind; a timed-out one gets its grace to be reaped.
+class Herramientas : public ::testing::Test {
+protected:
+    void TearDown() override
+    {
+        const auto hasta = std::chrono::steady_clock::now() + 6s;
+        while (!apoyo::hijosVivos().empty() && std::chrono::steady_clock::now() < hasta)
+            std::this_thread::sleep_for(50ms);
+        EXPECT_TRUE(apoyo::hijosVivos().empty());
+    }
+};
+
+} // namespace
+
+TEST(BytesDeDocker, UnidadesDecimalesYTextosRaros)
+{
+    const struct {
+        const char* texto;
+        int64_t bytes;
+    } casos[] = {
+        {"512kB", 512'000},
+        {"1.5GB (10%)", 1'500'000'000},
+        {"  4MB  (1%)", 4'000'000},
+        {"2TB", 2'000'000'000'000},
+        {"3.2KB", 3'200},
+        {"7B", 7},
+        {"0B (0%)", 0},
+        {"1.999B", 1}, // truncated
+        {"12", 0},
+        {"abcGB", 0},
+        {"", 0},
+        {"GB", 0},
+        {"1.5gb", 0}, // the suffix's case matters
+        {"1.5.3GB", 0},
+        {"infGB", 0},
+        {"nanGB", 0},
+        {"9000000TB", 9'000'000'000'000'000'000},
+        {"9300000TB", 0},   // beyond 64 bits
+        {"1e300GB", 0},
+        {"1e400GB", 0},
+    };
+    for (const auto& c : casos)
+        EXPECT_EQ(Escaner::bytesDeDocker(c.texto), c.bytes) << '"' << c.texto << '"';
+}
+
+TEST_F(Herramientas, DockerSumaLoRecuperableSinVolumenes)
+{
+    CasaPrueba casa;
+    const auto docker = programa(casa, "docker",
+                                 "{\"Type\":\"Images\",\"TotalCount\":\"5\",\"Reclaimable\":\"1.5GB (10%)\"}\n"
+                                 "{\"Type\":\"Local Volumes\",\"Reclaimable\":\"2GB\"}\n"
+                                 "{\"Type\":\"Build Cache\",\"Reclaimable\":\"500MB\"}\n"
+                                 "{\"Type\":\"Containers\",\"Reclaimable\":\"0B (0%)\"}\n"
+                                 "no es json\n[1,2]\n\n{\"Type\":\"Otro\"}\n"
+                                 "{\"Type\":\"Numero\",\"Reclaimable\":123}\n"
+                                 "{\"Reclaimable\":\"250kB\"}");
+    const Escaner esc(casa.entorno());
+    auto r = esc.dockerCon(docker);
+    EXPECT_EQ(leer(casa.ruta("docker.args")), "system\ndf\n--format\n{{json .}}\n");
+    ASSERT_EQ(r.size(), 1u);
+    const Elemento& e = r[0];
+    EXPECT_EQ(e.tamano, 2'000'250'000);
+    EXPECT_EQ(e.url, casa.ruta(".docker"));
+    EXPECT_EQ(e.nombre, "Docker: imágenes y caché sin usar");
+    EXPECT_EQ(e.detalle, "docker system prune -a (no toca volúmenes). Con Colima, el disco de la máquina virtual "
+                         "puede no achicarse.");
+    EXPECT_FALSE(e.seleccionado);
+    EXPECT_EQ(e.enUso, std::nullopt);
+    ASSERT_TRUE(e.accion);
+    EXPECT_EQ(e.accion->ejecutable, docker);
+    EXPECT_EQ(e.accion->argumentos, (std::vector<std::string>{"system", "prune", "-af"}));
+    EXPECT_EQ(e.accion->medir, std::nullopt);
+
+    // With Colima, its virtual disks measure what the command freed.
+    casa.crearDir(".colima/_lima/_disks");
+    r = esc.dockerCon(docker);
+    ASSERT_EQ(r.size(), 1u);
+    EXPECT_EQ(r[0].accion->medir, casa.ruta(".colima/_lima/_disks"));
+}
+
+TEST_F(Herramientas, DockerSinRespuestaUtilNoDaNada)
+{
+    CasaPrueba casa;
+    const Escaner esc(casa.entorno());
+    const std::string linea = "{\"Type\":\"Images\",\"Reclaimable\":\"1GB\"}\n";
+    EXPECT_TRUE(esc.dockerCon(programa(casa, "ceros", "{\"Type\":\"Images\",\"Reclaimable\":\"0B (0%)\"}\n"
+                                                      "{\"Type\":\"Build Cache\",\"Reclaimable\":\"0B\"}"))
+                    .empty());
+    EXPECT_TRUE(esc.dockerCon(programa(casa, "falla", linea, 1)).empty());
+    EXPECT_TRUE(esc.dockerCon(guion(casa, "cuelga", "echo '" + linea + "'; sleep 30"), 1).empty());
+    EXPECT_TRUE(esc.dockerCon(casa.ruta("no-existe").string()).empty());
+
+    // Megabytes of noise before a good line don't hide it.
+    const auto r = esc.dockerCon(guion(casa, "ruido", "head -c 8000000 /dev/zero | tr '\\0' x; echo; echo '" + linea +
+                                                          "'"));
+    ASSERT_EQ(r.size(), 1u);
+    EXPECT_EQ(r[0].tamano, 1'000'000'000);
+
+    // A figure that would take the total past 64 bits counts for nothing.
+    const auto grande = esc.dockerCon(programa(casa, "grande", "{\"Reclaimable\":\"9000000TB\"}\n"
+                                                               "{\"Reclaimable\":\"9000000TB\"}\n"
+                                                               "{\"Reclaimable\":\"1e300GB\"}"));
+    ASSERT_EQ(grande.size(), 1u);
+    EXPECT_EQ(grande[0].tamano, 9'000'000'000'000'000'000);
+}
+
+TEST_F(Herramientas, SimuladoresConDatosEnDisco)
+{
+    CasaPrueba casa;
+    casa.crearDir("Library/Developer/CoreSimulator/Devices");
+    for (const char* d : {"W1", "A1", "A2", "B1"})
+        casa.crearDir(std::string("sim/") + d);
+    const std::string sim = casa.ruta("sim").string();
+    const auto simctl = programa(
+        casa, "simctl",
+        "{\"devices\":{"
+        "\"com.apple.CoreSimulator.SimRuntime.watchOS-10-0\":["
+        "{\"udid\":\"W1\",\"name\":\"Apple Watch\",\"dataPath\":\"" + sim + "/W1\",\"state\":1}],"
+        "\"com.apple.CoreSimulator.SimRuntime.iOS-17-2\":["
+        "{\"udid\":\"A1\",\"name\":\"iPhone 15\",\"dataPath\":\"" + sim + "/A1\",\"state\":\"Booted\"},"
+        "{\"udid\":\"A2\",\"name\":\"iPad\",\"dataPath\":\"" + sim + "/A2\",\"state\":\"Shutdown\"},"
+        "{\"udid\":\"A3\",\"name\":\"Fantasma\",\"dataPath\":\"" + sim + "/no-existe\",\"state\":\"Booted\"},"
+        "{\"name\":\"Sin udid\",\"dataPath\":\"" + sim + "/A2\"},"
+        "{\"udid\":\"A4\",\"name\":5,\"dataPath\":\"" + sim + "/A2\"}],"
+        "\"iOS\":[{\"udid\":\"B1\",\"name\":\"Viejo\",\"dataPath\":\"" + sim + "/B1\"}]"
+        "}}");
+
+    const auto r = Escaner(casa.entorno()).simuladoresCon(simctl);
+    EXPECT_EQ(leer(casa.ruta("simctl.args")), "list\ndevices\n-j\n");
+    ASSERT_EQ(r.size(), 4u);
+    const struct {
+        const char* udid;
+        const char* nombre;
+        const char* detalle;
+        bool arrancado;
+    } esperados[] = {
+        {"W1", "Simulador: Apple Watch", "watchOS 10.0 · se borran sus apps y datos; el simulador queda", false},
+        {"A1", "Simulador: iPhone 15", "iOS 17.2 · se borran sus apps y datos; el simulador queda", true},
+        {"A2", "Simulador: iPad", "iOS 17.2 · se borran sus apps y datos; el simulador queda", false},
+        {"B1", "Simulador: Viejo", "iOS  · se borran sus apps y datos; el simulador queda", false},
+    };
+    for (size_t i = 0; i < r.size(); ++i) {
+        SCOPED_TRACE(esperados[i].udid);
+        const auto datos = casa.ruta(std::string("sim/") + esperados[i].udid);
+        EXPECT_EQ(r[i].url, datos);
+        EXPECT_EQ(r[i].nombre, esperados[i].nombre);
+        EXPECT_EQ(r[i].detalle, esperados[i].detalle);
+        EXPECT_EQ(r[i].enUso, esperados[i].arrancado ? std::optional<std::string>("Simulator") : std::nullopt);
+        EXPECT_FALSE(r[i].seleccionado);
+        EXPECT_EQ(r[i].tamano, 0);
+        ASSERT_TRUE(r[i].accion);
+        EXPECT_EQ(r[i].accion->ejecutable, simctl);
+        EXPECT_EQ(r[i].accion->argumentos, (std::vector<std::string>{"erase", esperados[i].udid}));
+        EXPECT_EQ(r[i].accion->medir, datos);
+    }
+}
+
+TEST_F(Herramientas, SimuladoresConRespuestaRaraNoDanNada)
+{
+    CasaPrueba casa;
+    casa.crearDir("sim/A1");
+    const std::string bueno = "[{\"udid\":\"A1\",\"name\":\"iPhone\",\"dataPath\":\"" + casa.ruta("sim/A1").string() +
+                              "\"}]";
+    const std::string json = "{\"devices\":{\"iOS-17\":" + bueno + "}}";
+    const Escaner esc(casa.entorno());
+
+    // Without the devices folder simctl isn't even asked.
+    const auto simctl = programa(casa, "simctl", json);
+    EXPECT_TRUE(esc.simuladoresCon(simctl).empty());
+    EXPECT_FALSE(std::filesystem::exists(casa.ruta("simctl.args")));
+
+    casa.crearDir("Library/Developer/CoreSimulator/Devices");
+    ASSERT_EQ(esc.simuladoresCon(simctl).size(), 1u);
+    int n = 0;
+    for (const std::string& salida :
+         {std::string("basura"), "[" + json + "]", std::string("{\"devices\":[]}"), std::string("{}"),
+          "{\"devices\":{\"iOS-17\":" + bueno + ",\"iOS-16\":[1]}}",
+          "{\"devices\":{\"iOS-17\":" + bueno + ",\"iOS-16\":{}}}"})
+        EXPECT_TRUE(esc.simuladoresCon(programa(casa, "raro" + std::to_string(n++), salida)).empty()) << salida;
+    EXPECT_TRUE(esc.simuladoresCon(programa(casa, "falla", json, 1)).empty());
+    EXPECT_TRUE(esc.simuladoresCon(guion(casa, "cuelga", "echo '" + json + "'; sleep 30"), 1).empty());
+    EXPECT_TRUE(esc.simuladoresCon(casa.ruta("no-existe").string()).empty());
+}
+
+TEST_F(Herramientas, SimctlJuntoALaCarpetaDeXcode)
+{
+    CasaPrueba casa;
+    const auto simctl = guion(casa, "Developer/usr/bin/simctl", "");
+    const std::string carpeta = casa.ruta("Developer").string();
+    EXPECT_EQ(Escaner::buscarSimctl(programa(casa, "xcode-select", "  " + carpeta + "\n\n")), simctl);
+    EXPECT_EQ(leer(casa.ruta("xcode-select.args")), "-p\n");
+    EXPECT_EQ(Escaner::buscarSimctl(programa(casa, "falla", carpeta, 2)), std::nullopt);
+    EXPECT_EQ(Escaner::buscarSimctl(programa(casa, "otra", casa.ruta("otra").string())), std::nullopt);
+    ::chmod(simctl.c_str(), 0644);
+    EXPECT_EQ(Escaner::buscarSimctl(programa(casa, "xcode-select", carpeta)), std::nullopt);
+}
+
+// In test mode neither finder starts anything, whatever the machine holds.
+TEST_F(Herramientas, NadaEnModoPrueba)
+{
+    CasaPrueba casa;
+    casa.crearDir("Library/Developer/CoreSimulator/Devices");
+    const Escaner esc(casa.entorno());
+    EXPECT_TRUE(esc.simuladores().empty());
+    EXPECT_TRUE(esc.docker().empty());
+}
