@@ -10,6 +10,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <limits>
 
 namespace {
@@ -39,6 +40,12 @@ private:
     bool activo_;
     std::chrono::steady_clock::time_point marca_;
 };
+
+std::vector<Elemento> unir(std::vector<Elemento> a, std::vector<Elemento> b)
+{
+    a.insert(a.end(), std::make_move_iterator(b.begin()), std::make_move_iterator(b.end()));
+    return a;
+}
 
 bool incluirCacheDeApp(std::string_view nombre)
 {
@@ -120,9 +127,17 @@ std::vector<Categoria> Escaner::escanear(const Progreso& progreso) const
     std::vector<Categoria> categorias;
 
     progreso(tr("Revisando cachés de apps…"));
-    categorias.push_back(categoria("apps", hijos("Library/Caches", &abiertas, incluirCacheDeApp)));
+    categorias.push_back(categoria("apps", unir(hijos("Library/Caches", &abiertas, incluirCacheDeApp),
+                                                cachesDeElectron(abiertas))));
     categorias.push_back(categoria("logs", hijos("Library/Logs", nullptr, [](std::string_view) { return true; })));
     cronometro.informar("cachés de apps + logs");
+
+    progreso(tr("Revisando cachés de programación…"));
+    categorias.push_back(categoria("dev", unir(desdeReglas(programacion(), abiertas, true),
+                                               marcarUso(espaciosDeTrabajo(), abiertas))));
+    categorias.push_back(categoria(
+        "redescarga", unir(unir(desdeReglas(redescarga(), abiertas, false), simuladores()), docker())));
+    cronometro.informar("programación + simuladores");
 
     progreso(tr("Buscando proyectos y archivos grandes… (macOS puede pedir permiso para Escritorio, Documentos y "
                 "Descargas)"));
@@ -141,6 +156,10 @@ std::vector<Categoria> Escaner::escanear(const Progreso& progreso) const
     progreso(tr("Buscando archivos duplicados…"));
     categorias.push_back(categoria("duplicados", duplicados()));
     cronometro.informar("duplicados");
+
+    progreso(tr("Revisando Descargas…"));
+    categorias.push_back(categoria("descargas", descargasAntiguas()));
+    cronometro.informar("descargas");
 
     medir(categorias, progreso);
     size_t n = 0;

@@ -1,0 +1,224 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A whole scan of a home holding every place known by name, through the
+// driver and through the real binary.
+#include "escaner/escaner.h"
+
+#include "apoyo/casa.h"
+#include "apoyo/proceso.h"
+#include "estado_editor.h"
+
+#include <gtest/gtest.h>
+
+using apoyo::CasaPrueba;
+using namespace std::chrono_literals;
+
+namespace {
+
+struct Fila {
+    const char* ruta;
+    const char* nombre;
+};
+
+// The places as the product defines them, written out independently of the
+// tables in the code.
+constexpr Fila programacion[] = {
+    {".npm/_cacache", "npm"},
+    {".npm/_npx", "npx"},
+    {".npm/_logs", "npm · logs"},
+    {".cache/uv", "uv (Python)"},
+    {"Library/Caches/pip", "pip"},
+    {".cache/pip", "pip"},
+    {"Library/Caches/Homebrew", "Homebrew"},
+    {"Library/Caches/node-gyp", "node-gyp"},
+    {"Library/Caches/Yarn", "Yarn"},
+    {"Library/pnpm/store", "pnpm"},
+    {".bun/install/cache", "Bun"},
+    {".gradle/caches", "Gradle"},
+    {".cargo/registry/cache", "Cargo (Rust)"},
+    {"Library/Caches/CocoaPods", "CocoaPods"},
+    {"Library/Caches/go-build", "Go"},
+    {"Library/Developer/Xcode/DerivedData", "Xcode DerivedData"},
+    {"Library/Developer/CoreSimulator/Caches", "iOS Simulator (cache)"},
+    {"Library/Application Support/Code/CachedExtensionVSIXs", "VS Code · extensiones descargadas"},
+    {"Library/Application Support/Cursor/CachedExtensionVSIXs", "Cursor · extensiones descargadas"},
+};
+constexpr Fila redescarga[] = {
+    {"Library/Caches/ms-playwright", "Playwright"},
+    {".cache/puppeteer", "Puppeteer"},
+    {".cache/codex-runtimes", "Codex runtimes"},
+    {"Library/Caches/colima", "Colima"},
+    {"Library/Caches/dotslash", "dotslash"},
+    {".cache/huggingface", "Hugging Face"},
+    {".ollama/models", "Ollama"},
+    {".cache/hyperframes", "HyperFrames"},
+    {".m2/repository", "Maven"},
+    {".pub-cache", "Flutter / Dart"},
+    {"Library/Developer/Xcode/iOS DeviceSupport", "Xcode · iOS DeviceSupport"},
+    {"Library/Developer/Xcode/watchOS DeviceSupport", "Xcode · watchOS DeviceSupport"},
+    {"Library/Unity/cache", "Unity"},
+};
+
+constexpr int64_t kib = 1024;
+const std::string soporte = "Library/Application Support/";
+
+// Sizes fall along each table, so the order by size the scan ends with is
+// the order in which the stages made the items.
+void casaConocida(CasaPrueba& casa)
+{
+    int64_t n = 80;
+    for (const Fila& f : programacion)
+        casa.archivo(std::string(f.ruta) + "/datos", 64 * kib * n--);
+    n = 40;
+    for (const Fila& f : redescarga)
+        casa.archivo(std::string(f.ruta) + "/datos", 64 * kib * n--);
+    casa.archivo("Library/Caches/org.ejemplo.app/datos", 900 * kib);
+
+    // Electron-style apps: with the signature folders, without them, and with
+    // one of the cache folders a link that leads out of the app.
+    casa.archivo(soporte + "Slack/Cache/d", 500 * kib);
+    casa.archivo(soporte + "Slack/Code Cache/d", 100 * kib);
+    casa.archivo(soporte + "Slack/GPUCache/d", 60 * kib);
+    casa.archivo(soporte + "Slack/Local Storage/d", 800 * kib);
+    casa.archivo(soporte + "SoloCache/Cache/d", 700 * kib);
+    casa.archivo(soporte + "Code/Cache/d", 200 * kib);
+    casa.archivo(soporte + "Code/Code Cache/d", 100 * kib);
+    casa.archivo(soporte + "Code/CachedData/d", 80 * kib);
+    casa.archivo(soporte + "Enlazada/GPUCache/d", 300 * kib);
+    casa.archivo("fuera/d", 2000 * kib);
+    casa.enlace(soporte + "Enlazada/Code Cache", casa.ruta("fuera"));
+
+    // Editor state: gone, unopened for long, fresh, on an unmounted volume,
+    // of another scheme.
+    const Fecha ahora = std::chrono::system_clock::now();
+    const Fecha viejo = ahora - 24h * 120, nuevo = ahora - 24h * 2;
+    casa.crearDir("proyectos/vivo-viejo");
+    casa.crearDir("proyectos/vivo-nuevo");
+    const auto p = casa.ruta("proyectos");
+    using apoyo::carpetaJson;
+    apoyo::estadoDeEditor(casa, "Code", "ido1", carpetaJson(p / "borrado"), nuevo, 200 * kib);
+    apoyo::estadoDeEditor(casa, "Code", "ido2", carpetaJson(p / "movido/a/otro"), viejo, 200 * kib);
+    apoyo::estadoDeEditor(casa, "Code", "viejo", carpetaJson(p / "vivo-viejo"), viejo, 150 * kib);
+    apoyo::estadoDeEditor(casa, "Code", "nuevo", carpetaJson(p / "vivo-nuevo"), nuevo, 150 * kib);
+    apoyo::estadoDeEditor(casa, "Code", "usb", carpetaJson("/media/vorlano-sin-montar/USB/web"), nuevo, 150 * kib);
+    apoyo::estadoDeEditor(casa, "Code", "remoto", "{\"folder\":\"vscode-remote://ssh-remote%2Bsrv/home/x\"}", viejo,
+                          150 * kib);
+    apoyo::estadoDeEditor(casa, "Cursor", "ido", carpetaJson(p / "otro-borrado"), nuevo, 100 * kib);
+
+    // Downloads made now are new: none is offered.
+    casa.archivo("Downloads/nuevo.zip", 400 * kib);
+    casa.archivo("Downloads/carpeta/dentro.bin", 400 * kib);
+    casa.archivo("Downloads/.DS_Store", 400 * kib);
+}
+
+struct Visto {
+    std::string nombre;
+    std::string detalle;
+    bool seleccionado;
+    bool operator==(const Visto&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& o, const Visto& v)
+{
+    return o << (v.seleccionado ? "[x] " : "[ ] ") << v.nombre << " — " << v.detalle;
+}
+
+std::vector<Visto> vistos(const Categoria& c)
+{
+    std::vector<Visto> r;
+    for (const auto& e : c.elementos)
+        r.push_back({e.nombre, e.detalle.value_or(""), e.seleccionado});
+    return r;
+}
+
+std::vector<Visto> deReglas(const auto& tabla, bool seleccionado)
+{
+    std::vector<Visto> r;
+    for (const Fila& f : tabla)
+        r.push_back({f.nombre, std::string("~/") + f.ruta, seleccionado});
+    return r;
+}
+
+} // namespace
+
+TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
+{
+    CasaPrueba casa;
+    casaConocida(casa);
+    std::vector<std::string> avisos;
+    const auto cats = Escaner(casa.entorno()).escanear([&](const std::string& t) {
+        if (!t.starts_with("Midiendo"))
+            avisos.push_back(t);
+    });
+
+    EXPECT_EQ(avisos, (std::vector<std::string>{"Revisando cachés de apps…", "Revisando cachés de programación…",
+                                                "Revisando Descargas…"}));
+    ASSERT_EQ(cats.size(), 3u);
+    EXPECT_EQ(cats[0].id, "apps");
+    EXPECT_EQ(cats[1].id, "dev");
+    EXPECT_EQ(cats[2].id, "redescarga");
+
+    const std::string interna = "Caché interna de la app";
+    EXPECT_EQ(vistos(cats[0]), (std::vector<Visto>{{"org.ejemplo.app", "", true},
+                                                   {"Slack", interna, true},
+                                                   {"Code", interna, true},
+                                                   {"Enlazada", interna, true}}));
+    // Measured with their extra folders; the link is neither offered nor followed.
+    const auto& apps = cats[0].elementos;
+    EXPECT_EQ(apps[1].tamano, apoyo::du(casa.ruta(soporte + "Slack/Cache")) +
+                                  apoyo::du(casa.ruta(soporte + "Slack/Code Cache")) +
+                                  apoyo::du(casa.ruta(soporte + "Slack/GPUCache")));
+    EXPECT_EQ(apps[2].extra, (std::vector<std::filesystem::path>{casa.ruta(soporte + "Code/Code Cache"),
+                                                                 casa.ruta(soporte + "Code/CachedData")}));
+    EXPECT_EQ(apps[3].url, casa.ruta(soporte + "Enlazada/GPUCache"));
+    EXPECT_TRUE(apps[3].extra.empty());
+
+    auto dev = deReglas(programacion, true);
+    dev.push_back({"VS Code · proyectos que ya no existen", "Datos de 2 proyectos borrados o movidos", true});
+    dev.push_back({"VS Code · proyectos sin abrir hace más de 3 meses",
+                   "Se pierden las pestañas abiertas y ajustes de esos 2 proyectos", false});
+    dev.push_back({"Cursor · proyectos que ya no existen", "Datos de 1 proyecto borrado o movido", true});
+    EXPECT_EQ(vistos(cats[1]), dev);
+    EXPECT_EQ(vistos(cats[2]), deReglas(redescarga, false));
+    for (const auto& e : cats[2].elementos)
+        EXPECT_FALSE(e.accion); // no simulators or Docker in test mode
+}
+
+TEST(Conocidos, InformeDelBinario)
+{
+    CasaPrueba casa;
+    casaConocida(casa);
+    const auto s = apoyo::ejecutarVorlano(casa.raiz(), {"--scan"}, {{"VORLANO_TIEMPOS", "1"}});
+    ASSERT_EQ(s.estado, 0) << s.errores;
+    const std::string& o = s.salida;
+    const auto pos = [&](const std::string& t) {
+        const size_t p = o.find(t);
+        EXPECT_NE(p, std::string::npos) << t << "\n" << o;
+        return p;
+    };
+    const size_t apps = pos("■ Cachés de aplicaciones");
+    const size_t dev = pos("■ Cachés de programación");
+    const size_t red = pos("■ Herramientas descargadas");
+    EXPECT_LT(apps, dev);
+    EXPECT_LT(dev, red);
+    EXPECT_EQ(o.find("■ Descargas antiguas"), std::string::npos);
+    EXPECT_EQ(o.find("■ Registros"), std::string::npos);
+    EXPECT_LT(pos(" Slack — Caché interna de la app\n"), dev);
+    const size_t npm = pos(" npm — ~/.npm/_cacache\n");
+    EXPECT_GT(npm, dev);
+    EXPECT_EQ(o.substr(o.rfind('\n', npm) + 1, 7), "   [x] ");
+    EXPECT_GT(pos("   … y 14 más\n"), dev); // 19 rules and 3 editor rows, 8 shown
+    EXPECT_GT(pos(" Playwright — ~/Library/Caches/ms-playwright\n"), red);
+    EXPECT_GT(pos("   … y 5 más\n"), red);
+    EXPECT_EQ(o.find("[x]", red), std::string::npos); // nothing re-downloadable is pre-selected
+
+    // The stages in their order; 4 app caches, 22 development items and 13
+    // tools were measured.
+    const std::vector<std::string> etiquetas{"cachés de apps + logs", "programación + simuladores", "descargas",
+                                             "medir tamaños (39 elementos)"};
+    size_t desde = 0;
+    for (const auto& e : etiquetas) {
+        const size_t p = s.errores.find("  " + e + " ", desde);
+        EXPECT_NE(p, std::string::npos) << e << "\n" << s.errores;
+        desde = p == std::string::npos ? desde : p;
+    }
+}
