@@ -31,12 +31,6 @@ constexpr auto tresMeses = std::chrono::seconds(90 * 86400);
 // workspace.json holds one URL; anything this big is not one.
 constexpr size_t maximoJson = 1024 * 1024;
 
-bool existe(const std::string& p)
-{
-    struct stat st;
-    return ::stat(p.c_str(), &st) == 0;
-}
-
 struct Proyecto {
     bool esArchivo = false;
     // For a file URL, the path as bytes, percent escapes decoded.
@@ -206,7 +200,7 @@ bool Escaner::seguroQueNoExiste(const std::filesystem::path& ruta)
     if (p.empty() || p.front() != '/' || existe(p))
         return false;
     // A project on a volume that isn't mounted is away, not gone.
-    if (const auto volumen = plataforma::volumenExtraible(p); volumen && !existe(volumen->native()))
+    if (const auto volumen = plataforma::volumenExtraible(p); volumen && !existe(*volumen))
         return false;
     // The nearest existing folder above must be readable: only then does its
     // listing prove the absence.

@@ -5,23 +5,16 @@
 #include "escaner/escaner.h"
 
 #include "nucleo/ejecutar.h"
+#include "nucleo/lectura.h"
 #include "nucleo/textos.h"
 #include "plataforma/procesos.h"
 
 #include <nlohmann/json.hpp>
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <charconv>
 
 namespace {
-
-bool existe(const std::filesystem::path& p)
-{
-    struct stat st;
-    return ::stat(p.c_str(), &st) == 0;
-}
 
 // The pieces of a text between separators, empty pieces left out.
 std::vector<std::string_view> trozos(std::string_view texto, char separador)

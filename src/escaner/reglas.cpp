@@ -3,6 +3,7 @@
 // folders of Electron-style applications.
 #include "escaner/escaner.h"
 
+#include "nucleo/lectura.h"
 #include "nucleo/textos.h"
 
 #include <dirent.h>
@@ -13,12 +14,6 @@ namespace {
 // Cache folders of an Electron-style app, in the order they are offered.
 constexpr const char* carpetasElectron[] = {"Cache",           "Code Cache",      "GPUCache",
                                             "DawnGraphiteCache", "DawnWebGPUCache", "CachedData"};
-
-bool existe(const std::filesystem::path& p)
-{
-    struct stat st;
-    return ::stat(p.c_str(), &st) == 0;
-}
 
 // A real folder: a link to one doesn't count.
 bool esCarpeta(const std::filesystem::path& p)

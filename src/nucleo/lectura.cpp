@@ -5,6 +5,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+bool existe(const std::filesystem::path& ruta)
+{
+    struct stat st;
+    return ::stat(ruta.c_str(), &st) == 0;
+}
+
 std::optional<std::string> leerArchivo(const std::filesystem::path& ruta, size_t maximo)
 {
     // O_NONBLOCK: opening a FIFO without a writer would otherwise wait forever.

@@ -6,6 +6,9 @@
 #include <optional>
 #include <string>
 
+// Whether anything is at the path, links followed: a dangling link is nothing.
+bool existe(const std::filesystem::path& ruta);
+
 // The whole content of a small regular file, links not followed. Absent when it
 // can't be opened, isn't a regular file, or holds more than `maximo` bytes. A
 // FIFO or device in its place never blocks the caller.
