@@ -14,19 +14,6 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The pieces of a text split at ".", empty pieces left out.
-std::vector<std::string_view> piezas(std::string_view texto)
-{
-    std::vector<std::string_view> r;
-    while (!texto.empty()) {
-        const size_t punto = texto.find('.');
-        if (const auto p = texto.substr(0, punto); !p.empty())
-            r.push_back(p);
-        texto = punto == std::string_view::npos ? std::string_view() : texto.substr(punto + 1);
-    }
-    return r;
-}
-
 struct Lugar {
     const char* carpeta;
     // The entry's name ends in it, case respected, and the identifier is the
@@ -52,7 +39,7 @@ const std::unordered_set<std::string>& Desinstalador::prefijos()
 std::string Desinstalador::fabricante(std::string_view id)
 {
     const std::string bajo = minusculas(id);
-    const auto p = piezas(bajo);
+    const auto p = trozos(bajo, '.');
     std::string r;
     for (size_t i = 0; i < p.size() && i < 2; ++i)
         r += (i ? "." : "") + std::string(p[i]);
@@ -61,7 +48,7 @@ std::string Desinstalador::fabricante(std::string_view id)
 
 bool Desinstalador::pareceID(std::string_view texto)
 {
-    const auto p = piezas(texto);
+    const auto p = trozos(texto, '.');
     return p.size() >= 3 && prefijos().contains(minusculas(p[0])) && texto.find(' ') == std::string_view::npos;
 }
 

@@ -16,19 +16,6 @@
 
 namespace {
 
-// The pieces of a text between separators, empty pieces left out.
-std::vector<std::string_view> trozos(std::string_view texto, char separador)
-{
-    std::vector<std::string_view> r;
-    for (size_t i = 0; i <= texto.size();) {
-        const size_t fin = std::min(texto.find(separador, i), texto.size());
-        if (fin > i)
-            r.push_back(texto.substr(i, fin - i));
-        i = fin + 1;
-    }
-    return r;
-}
-
 // "com.apple.CoreSimulator.SimRuntime.iOS-17-2" reads "iOS 17.2".
 std::string etiquetaDeRuntime(const std::string& clave)
 {

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QTranslator>
 
+#include <algorithm>
+
 #include <unicode/locid.h>
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
@@ -152,4 +154,16 @@ size_t caracteres(std::string_view texto)
 bool esUtf8(std::string_view bytes)
 {
     return esAscii(bytes) || esUtf8Valido(bytes);
+}
+
+std::vector<std::string_view> trozos(std::string_view texto, char separador)
+{
+    std::vector<std::string_view> r;
+    for (size_t i = 0; i <= texto.size();) {
+        const size_t fin = std::min(texto.find(separador, i), texto.size());
+        if (fin > i)
+            r.push_back(texto.substr(i, fin - i));
+        i = fin + 1;
+    }
+    return r;
 }

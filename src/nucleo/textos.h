@@ -41,3 +41,6 @@ bool esUtf8(std::string_view bytes);
 
 // Number of characters (code points) of UTF-8 text; invalid bytes count one each.
 size_t caracteres(std::string_view texto);
+
+// The pieces of a text between separators, empty pieces left out.
+std::vector<std::string_view> trozos(std::string_view texto, char separador);

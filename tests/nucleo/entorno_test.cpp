@@ -79,3 +79,13 @@ TEST(Textos, RellenarMinusculasYTextoVisible)
     // With no translation for the C locale the program speaks Spanish.
     EXPECT_EQ(localeApp(), "es");
 }
+
+TEST(Textos, TrozosSinVacios)
+{
+    using V = std::vector<std::string_view>;
+    EXPECT_EQ(trozos("com.apple.SimRuntime.iOS-17-2", '.'), (V{"com", "apple", "SimRuntime", "iOS-17-2"}));
+    EXPECT_EQ(trozos("..a..b.", '.'), (V{"a", "b"}));
+    EXPECT_EQ(trozos("a", '.'), V{"a"});
+    EXPECT_EQ(trozos("", '.'), V{});
+    EXPECT_EQ(trozos("...", '.'), V{});
+}
