@@ -57,6 +57,66 @@ archivo "Library/Logs/install.log" 900
 archivo "Library/Logs/fsck_hfs.log" 120
 archivo "Library/Logs/.DS_Store" 12
 
+# Category "dev": development caches known by name.
+varios ".npm/_cacache/content-v2" 20 256
+varios ".cache/pip/http" 8 300
+varios "Library/Caches/Homebrew/downloads" 3 2048
+varios "Library/Developer/Xcode/DerivedData/MiApp-abcdef/Build" 10 512
+varios ".gradle/caches/modules-2" 6 400
+varios "Library/Application Support/Code/CachedExtensionVSIXs" 2 1500
+
+# Category "redescarga": tools and models fetched again when next used.
+varios "Library/Caches/ms-playwright/chromium-1091" 8 1024
+varios ".cache/huggingface/hub" 3 4096
+varios ".ollama/models/blobs" 2 6000
+varios ".m2/repository/org" 10 200
+
+# Electron-style applications: their cache folders join "apps"; their data
+# (IndexedDB, Local Storage) is never offered. "Sin firma" lacks the telltale
+# Code Cache and GPUCache folders and isn't one.
+varios "Library/Application Support/Slack/Cache/Cache_Data" 12 200
+varios "Library/Application Support/Slack/Code Cache/js" 6 150
+varios "Library/Application Support/Slack/GPUCache" 2 100
+varios "Library/Application Support/Slack/IndexedDB" 4 200
+varios "Library/Application Support/Code/Cache/Cache_Data" 5 200
+varios "Library/Application Support/Code/CachedData/1a2b3c" 3 300
+varios "Library/Application Support/Code/Code Cache/js" 3 100
+varios "Library/Application Support/Sin firma/Cache" 4 200
+
+# VS Code's state of each project it opened: two projects that are gone (one
+# row, pre-selected), one unopened for five months, one in use today.
+url_de() { # the file URL of an absolute path, percent-encoded
+  local LC_ALL=C s="$1" r="" c i
+  for ((i = 0; i < ${#s}; i++)); do
+    c="${s:i:1}"
+    case "$c" in
+    [A-Za-z0-9/._~-]) r+="$c" ;;
+    *) r+=$(printf '%%%02X' "'$c") ;;
+    esac
+  done
+  printf 'file://%s' "$r"
+}
+estado_vscode() { # estado_vscode <id> <proyecto> <fecha para touch -d>
+  local d="Library/Application Support/Code/User/workspaceStorage/$1"
+  mkdir -p "$d"
+  printf '{"folder":"%s"}\n' "$(url_de "$2")" >"$d/workspace.json"
+  archivo "$d/state.vscdb" 400
+  touch -d "$3" "$d/state.vscdb" "$d/workspace.json" "$d"
+}
+mkdir -p "Proyectos/web" "Proyectos/tesis 2023"
+estado_vscode 1f3e9a "$PWD/Proyectos/web" "1 hour ago"
+estado_vscode 77aa01 "$PWD/Proyectos/tesis 2023" "150 days ago"
+estado_vscode 9c01bb "$PWD/Proyectos/borrado" "10 days ago"
+estado_vscode 4d2b7e "$PWD/Proyectos/movido" "200 days ago"
+
+# Downloads. Old ones are judged by the date they were made (the birth time),
+# which Linux can't set back (touch -d changes only the modification time), so
+# this home has no old downloads to offer: an old modification date counts for
+# nothing.
+archivo "Downloads/factura.pdf" 300
+archivo "Downloads/instalador.tar.gz" 4000
+touch -d "1 year ago" "Downloads/instalador.tar.gz"
+
 # Applications in ~/Applications, with their Library. Info.plist is XML, or
 # binary where plistutil (libplist-utils) is at hand, as a Mac mostly has it.
 app() { # app <carpeta.app> <identificador> <nombre> <binario: si|no>
