@@ -105,8 +105,8 @@ void casaConocida(CasaPrueba& casa)
     apoyo::estadoDeEditor(casa, "Cursor", "ido", carpetaJson(p / "otro-borrado"), nuevo, 100 * kib);
 
     // Downloads made now are new: none is offered.
-    casa.archivo("Downloads/nuevo.zip", 400 * kib);
-    casa.archivo("Downloads/carpeta/dentro.bin", 400 * kib);
+    casa.archivo("Downloads/nuevo.zip", 400 * kib, 'z');
+    casa.archivo("Downloads/carpeta/dentro.bin", 400 * kib, 'd');
     casa.archivo("Downloads/.DS_Store", 400 * kib);
 }
 
