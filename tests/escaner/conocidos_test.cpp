@@ -74,7 +74,9 @@ void casaConocida(CasaPrueba& casa)
     casa.archivo("Library/Caches/org.ejemplo.app/datos", 900 * kib);
 
     // Electron-style apps: with the signature folders, without them, and with
-    // one of the cache folders a link that leads out of the app.
+    // one of the cache folders a link that leads out of the app. Excluded
+    // names, a signature that is a file and an app folder that is a link give
+    // nothing.
     casa.archivo(soporte + "Slack/Cache/d", 500 * kib);
     casa.archivo(soporte + "Slack/Code Cache/d", 100 * kib);
     casa.archivo(soporte + "Slack/GPUCache/d", 60 * kib);
@@ -86,28 +88,43 @@ void casaConocida(CasaPrueba& casa)
     casa.archivo(soporte + "Enlazada/GPUCache/d", 300 * kib);
     casa.archivo("fuera/d", 2000 * kib);
     casa.enlace(soporte + "Enlazada/Code Cache", casa.ruta("fuera"));
+    for (const char* excluida : {"com.apple.Music", "Docker Desktop", "ADOBE", "Caches"})
+        casa.archivo(soporte + excluida + "/GPUCache/d", 700 * kib);
+    casa.archivo(soporte + "FirmaDeArchivo/Code Cache", 700 * kib);
+    casa.enlace(soporte + "AppEnlazada", casa.ruta(soporte + "Slack"));
 
     // Editor state: gone, unopened for long, fresh, on an unmounted volume,
-    // of another scheme.
+    // of another scheme, and damaged.
     const Fecha ahora = std::chrono::system_clock::now();
     const Fecha viejo = ahora - 24h * 120, nuevo = ahora - 24h * 2;
     casa.crearDir("proyectos/vivo-viejo");
     casa.crearDir("proyectos/vivo-nuevo");
     const auto p = casa.ruta("proyectos");
     using apoyo::carpetaJson;
-    apoyo::estadoDeEditor(casa, "Code", "ido1", carpetaJson(p / "borrado"), nuevo, 200 * kib);
-    apoyo::estadoDeEditor(casa, "Code", "ido2", carpetaJson(p / "movido/a/otro"), viejo, 200 * kib);
-    apoyo::estadoDeEditor(casa, "Code", "viejo", carpetaJson(p / "vivo-viejo"), viejo, 150 * kib);
-    apoyo::estadoDeEditor(casa, "Code", "nuevo", carpetaJson(p / "vivo-nuevo"), nuevo, 150 * kib);
-    apoyo::estadoDeEditor(casa, "Code", "usb", carpetaJson("/media/vorlano-sin-montar/USB/web"), nuevo, 150 * kib);
-    apoyo::estadoDeEditor(casa, "Code", "remoto", "{\"folder\":\"vscode-remote://ssh-remote%2Bsrv/home/x\"}", viejo,
-                          150 * kib);
-    apoyo::estadoDeEditor(casa, "Cursor", "ido", carpetaJson(p / "otro-borrado"), nuevo, 100 * kib);
+    const auto estado = [&](const char* editor, const char* id, const std::string& json, Fecha f, int64_t k) {
+        apoyo::estadoDeEditor(casa, editor, id, json, f, k * kib);
+    };
+    estado("Code", "ido1", carpetaJson(p / "borrado"), nuevo, 200);
+    estado("Code", "ido2", carpetaJson(p / "movido/a/otro"), viejo, 200); // gone wins over old
+    estado("Code", "viejo", carpetaJson(p / "vivo-viejo"), viejo, 100);
+    estado("Code", "usb", carpetaJson("/media/vorlano-sin-montar/USB/web"), viejo, 100);
+    estado("Code", "usb-nuevo", carpetaJson("/media/vorlano-sin-montar/USB/app"), nuevo, 100);
+    estado("Code", "remoto", "{\"folder\":\"vscode-remote://ssh-remote%2Bsrv/home/x\"}", viejo, 100);
+    estado("Code", "remoto-nuevo", "{\"folder\":\"vscode-remote://ssh-remote%2Bsrv/home/y\"}", nuevo, 100);
+    // Used today though its folder's date is old: the later date counts.
+    estado("Code", "nuevo", carpetaJson(p / "vivo-nuevo"), nuevo, 100);
+    casa.fecha(soporte + "Code/User/workspaceStorage/nuevo", viejo);
+    int rotos = 0;
+    for (const char* json : {"", "no es json", "[\"file:///no-existe\"]", "42", "{\"otra\":1}",
+                             "{\"folder\":3,\"workspace\":\"file:///no-existe\"}", "{\"folder\":\"file:///%zz\"}",
+                             "{\"folder\":\"file:///con espacio\"}"})
+        estado("Code", ("roto" + std::to_string(rotos++)).c_str(), json, viejo, 100);
+    estado("Cursor", "ido", carpetaJson(p / "otro-borrado"), nuevo, 100);
+    estado("Cursor", "viejo", carpetaJson(p / "vivo-viejo"), viejo, 80);
 
     // Downloads made now are new: none is offered.
     casa.archivo("Downloads/nuevo.zip", 400 * kib, 'z');
     casa.archivo("Downloads/carpeta/dentro.bin", 400 * kib, 'd');
-    casa.archivo("Downloads/.DS_Store", 400 * kib);
 }
 
 struct Visto {
@@ -178,8 +195,10 @@ TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
     auto dev = deReglas(programacion, true);
     dev.push_back({"VS Code · proyectos que ya no existen", "Datos de 2 proyectos borrados o movidos", true});
     dev.push_back({"VS Code · proyectos sin abrir hace más de 3 meses",
-                   "Se pierden las pestañas abiertas y ajustes de esos 2 proyectos", false});
+                   "Se pierden las pestañas abiertas y ajustes de esos 3 proyectos", false});
     dev.push_back({"Cursor · proyectos que ya no existen", "Datos de 1 proyecto borrado o movido", true});
+    dev.push_back({"Cursor · proyectos sin abrir hace más de 3 meses",
+                   "Se pierden las pestañas abiertas y ajustes de ese proyecto", false});
     EXPECT_EQ(vistos(cats[1]), dev);
     EXPECT_EQ(vistos(cats[2]), deReglas(redescarga, false));
     for (const auto& e : cats[2].elementos)
@@ -209,19 +228,15 @@ TEST(Conocidos, InformeDelBinario)
     const size_t npm = pos(" npm — ~/.npm/_cacache\n");
     EXPECT_GT(npm, dev);
     EXPECT_EQ(o.substr(o.rfind('\n', npm) + 1, 7), "   [x] ");
-    EXPECT_GT(pos("   … y 14 más\n"), dev); // 19 rules and 3 editor rows, 8 shown
+    EXPECT_GT(pos("   … y 15 más\n"), dev); // 19 rules and 4 editor rows, 8 shown
     EXPECT_GT(pos(" Playwright — ~/Library/Caches/ms-playwright\n"), red);
     EXPECT_GT(pos("   … y 5 más\n"), red);
     EXPECT_EQ(o.find("[x]", red), std::string::npos); // nothing re-downloadable is pre-selected
 
-    // The stages in their order; 4 app caches, 22 development items and 13
-    // tools were measured.
-    const std::vector<std::string> etiquetas{"cachés de apps + logs", "programación + simuladores", "descargas",
-                                             "medir tamaños (39 elementos)"};
+    // Our stages in their order, among the others.
     size_t desde = 0;
-    for (const auto& e : etiquetas) {
-        const size_t p = s.errores.find("  " + e + " ", desde);
-        EXPECT_NE(p, std::string::npos) << e << "\n" << s.errores;
-        desde = p == std::string::npos ? desde : p;
+    for (const char* e : {"cachés de apps + logs", "programación + simuladores", "descargas", "medir tamaños ("}) {
+        desde = s.errores.find(std::string("  ") + e, desde);
+        ASSERT_NE(desde, std::string::npos) << e << "\n" << s.errores;
     }
 }
