@@ -46,9 +46,10 @@ Vaciado vaciar(const std::filesystem::path& base, const std::filesystem::path& r
 std::string descripcionError(int numero);
 
 namespace pruebas {
-// Called, when set, after each entry is listed and before it is removed, so
-// that a test can widen the window of a race. Never set by the program.
-inline std::atomic<void (*)()> pausaTrasListar{nullptr};
+// Called, when set, with the name of each entry after it is listed and before
+// it is removed, so that a test can widen the window of a race or swap the
+// entry. Never set by the program.
+inline std::atomic<void (*)(const char* nombre)> pausaTrasListar{nullptr};
 } // namespace pruebas
 
 } // namespace plataforma

@@ -71,10 +71,10 @@ bool esPunto(const char* n)
     return n[0] == '.' && (n[1] == '\0' || (n[1] == '.' && n[2] == '\0'));
 }
 
-void pausar()
+void pausar(const char* nombre)
 {
     if (auto f = pruebas::pausaTrasListar.load(std::memory_order_relaxed))
-        f();
+        f(nombre);
 }
 
 struct Cuenta {
@@ -139,7 +139,7 @@ Cuenta vaciarFlujo(DIR* d, const Montaje& m)
             if (esPunto(e->d_name))
                 continue;
             ++vistos;
-            pausar();
+            pausar(e->d_name);
             if (borrarEntrada(dir, e->d_name, e->d_type, m))
                 ++quitados;
             errno = 0;
