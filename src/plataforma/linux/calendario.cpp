@@ -4,6 +4,7 @@
 #include <unicode/uloc.h>
 
 #include <cstdlib>
+#include <string>
 
 namespace plataforma {
 
@@ -17,12 +18,15 @@ std::string localeDeFechas()
             valor = v;
             break;
         }
-    if (valor == nullptr)
-        valor = "C";
-    // "es_ES.UTF-8@euro" -> "es_ES"; "C" and "POSIX" -> "en_US_POSIX".
+    // The codeset and the modifier say nothing of dates: "es_ES.UTF-8@euro" is es_ES.
+    std::string v = valor == nullptr ? "C" : valor;
+    v = v.substr(0, v.find_first_of(".@"));
+    // The POSIX locale is ICU's en_US_POSIX.
+    if (v == "C" || v == "POSIX" || v.empty())
+        return "en_US_POSIX";
     char id[ULOC_FULLNAME_CAPACITY];
     UErrorCode e = U_ZERO_ERROR;
-    const int32_t n = uloc_canonicalize(valor, id, sizeof id, &e);
+    const int32_t n = uloc_canonicalize(v.c_str(), id, sizeof id, &e);
     if (U_FAILURE(e) || n <= 0 || n >= int32_t(sizeof id))
         return "en_US_POSIX";
     return std::string(id, size_t(n));
