@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Atomic writes: every step's failure is reported, and before the rename none
+// of them touches the old file. Failures are injected into a child run of this
+// same test through an LD_PRELOAD library.
+#include "plataforma/escritura.h"
+
+#include "apoyo/casa.h"
+#include "apoyo/proceso.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+namespace fs = std::filesystem;
+using apoyo::leer;
+
+TEST(Escritura, CadaFalloSeInformaYElArchivoViejoQueda)
+{
+    if (const char* archivo = std::getenv("VORLANO_HIJO_ESCRITURA"))
+        std::exit(plataforma::escribirAtomico(archivo, "nuevo") ? 0 : 3);
+
+    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    const std::string filtro = std::string("--gtest_filter=") + info->test_suite_name() + "." + info->name();
+    const std::string yo = fs::read_symlink("/proc/self/exe");
+    struct Caso {
+        const char* fallo;
+        int estado;
+        const char* queda;
+    };
+    // The folder's flush comes after the rename: the new content stands, but
+    // the write is not reported as done.
+    for (const Caso& c : {Caso{"", 0, "nuevo"}, Caso{"fsync", 3, "viejo"}, Caso{"rename", 3, "viejo"},
+                          Caso{"fsync-carpeta", 3, "nuevo"}}) {
+        apoyo::CasaPrueba casa;
+        const fs::path archivo = casa.archivoCon("datos.json", "viejo");
+        const auto s = apoyo::ejecutarPrograma(yo, {filtro},
+                                               {{"VORLANO_HIJO_ESCRITURA", archivo.string()},
+                                                {"LD_PRELOAD", VORLANO_FALLOS},
+                                                {"VORLANO_FALLO", c.fallo}});
+        EXPECT_EQ(s.estado, c.estado) << c.fallo;
+        EXPECT_EQ(leer(archivo), c.queda) << c.fallo;
+        // No temporary file left behind.
+        EXPECT_EQ(std::distance(fs::directory_iterator(casa.raiz()), fs::directory_iterator()), 1) << c.fallo;
+    }
+}
+
+TEST(Escritura, SinCarpetaNoCreaNada)
+{
+    apoyo::CasaPrueba casa;
+    EXPECT_FALSE(plataforma::escribirAtomico(casa.ruta("no/existe.json"), "x"));
+    EXPECT_FALSE(fs::exists(casa.ruta("no")));
+    EXPECT_TRUE(plataforma::escribirAtomico(casa.ruta("si.json"), std::string(200000, 'z')));
+    EXPECT_EQ(leer(casa.ruta("si.json")), std::string(200000, 'z'));
+}
