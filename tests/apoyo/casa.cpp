@@ -2,12 +2,15 @@
 #include "apoyo/casa.h"
 
 #include "apoyo/proceso.h"
+#include "escaner/escaner.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <fstream>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -176,6 +179,40 @@ int64_t asignado(const fs::path& p)
 {
     struct stat st;
     return ::lstat(p.c_str(), &st) == 0 ? int64_t(st.st_blocks) * 512 : -1;
+}
+
+std::string leer(const fs::path& p)
+{
+    std::ifstream f(p, std::ios::binary);
+    std::stringstream s;
+    s << f.rdbuf();
+    return s.str();
+}
+
+std::map<std::string, std::string> huellas(const fs::path& raiz)
+{
+    std::map<std::string, std::string> r;
+    auto anotar = [&](const fs::path& p) {
+        struct stat st;
+        if (::lstat(p.c_str(), &st) != 0)
+            return;
+        char modo[8];
+        std::snprintf(modo, sizeof modo, "%o", unsigned(st.st_mode & 07777));
+        const std::string clave = p == raiz ? "" : fs::relative(p, raiz).string();
+        if (S_ISLNK(st.st_mode))
+            r[clave] = "enlace -> " + fs::read_symlink(p).string();
+        else if (S_ISDIR(st.st_mode))
+            r[clave] = std::string("carpeta ") + modo;
+        else if (S_ISREG(st.st_mode))
+            r[clave] = std::string("archivo ") + modo + " " + Escaner::huellaCompleta(p.string()).value_or("ilegible");
+        else
+            r[clave] = std::string("otro ") + modo;
+    };
+    anotar(raiz);
+    std::error_code ec;
+    for (fs::recursive_directory_iterator it(raiz, ec), fin; !ec && it != fin; it.increment(ec))
+        anotar(it->path());
+    return r;
 }
 
 int64_t du(const fs::path& p)

@@ -9,6 +9,8 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <map>
+#include <string>
 #include <string_view>
 
 namespace apoyo {
@@ -56,6 +58,15 @@ int64_t asignado(const fs::path& p);
 
 // What `du -B1 -s` says of a path: the reference for sizes.
 int64_t du(const fs::path& p);
+
+// The whole content of a file; empty if it can't be read.
+std::string leer(const fs::path& p);
+
+// Everything at and below the path, links not followed: relative path ("" for
+// the path itself) -> kind, mode and content ("archivo 644 <sha-256>",
+// "carpeta 755", "enlace -> destino"). Equal maps mean a tree untouched byte
+// for byte.
+std::map<std::string, std::string> huellas(const fs::path& raiz);
 
 // A unique scratch folder under the temporary folder, and its removal.
 fs::path carpetaTemporal(std::string_view prefijo);

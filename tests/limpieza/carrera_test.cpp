@@ -16,27 +16,12 @@
 #include <chrono>
 #include <cstdio>
 #include <fstream>
-#include <map>
-#include <sstream>
 #include <thread>
 
 using apoyo::CasaPrueba;
 namespace fs = std::filesystem;
 
 namespace {
-
-// Every file of the tree with its content.
-std::map<std::string, std::string> contenido(const fs::path& raiz)
-{
-    std::map<std::string, std::string> r;
-    for (const auto& e : fs::recursive_directory_iterator(raiz)) {
-        std::ifstream f(e.path());
-        std::stringstream s;
-        s << f.rdbuf();
-        r[fs::relative(e.path(), raiz).string()] = e.is_directory() ? "<carpeta>" : s.str();
-    }
-    return r;
-}
 
 struct Canario {
     fs::path raiz = apoyo::carpetaTemporal("vorlano-canario");
@@ -47,10 +32,10 @@ struct Canario {
         for (int i = 0; i < 5; ++i)
             std::ofstream(raiz / ("c" + std::to_string(i))) << "canario " << i;
         std::ofstream(raiz / "sub/hondo") << "hondo";
-        antes = contenido(raiz);
+        antes = apoyo::huellas(raiz);
     }
     ~Canario() { apoyo::borrarArbol(raiz); }
-    bool intacto() const { return contenido(raiz) == antes; }
+    bool intacto() const { return apoyo::huellas(raiz) == antes; }
 };
 
 void arbol(CasaPrueba& casa)

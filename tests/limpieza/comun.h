@@ -53,6 +53,11 @@ inline std::vector<std::string> rutasEnPapelera()
     return rutas;
 }
 
+inline bool existe(const fs::path& p)
+{
+    return fs::exists(fs::symlink_status(p));
+}
+
 inline bool contiene(const std::vector<std::string>& lista, const std::string& s)
 {
     return std::find(lista.begin(), lista.end(), s) != lista.end();

@@ -18,6 +18,7 @@
 #include <sstream>
 
 using apoyo::CasaPrueba;
+using apoyo::leer;
 namespace fs = std::filesystem;
 using namespace std::chrono;
 
@@ -39,14 +40,6 @@ struct Reloj {
         return [this] { return ahora; };
     }
 };
-
-std::string leer(const fs::path& p)
-{
-    std::ifstream f(p);
-    std::stringstream s;
-    s << f.rdbuf();
-    return s.str();
-}
 
 void escribir(const fs::path& p, const std::string& contenido)
 {

@@ -15,9 +15,11 @@
 #include <sstream>
 
 using apoyo::CasaPrueba;
+using apoyo::leer;
 using prueba::categoria;
 using prueba::contiene;
 using prueba::elemento;
+using prueba::existe;
 namespace fs = std::filesystem;
 
 namespace {
@@ -34,22 +36,9 @@ struct Fuera {
     }
 };
 
-std::string leer(const fs::path& p)
-{
-    std::ifstream f(p);
-    std::stringstream s;
-    s << f.rdbuf();
-    return s.str();
-}
-
 bool vacia(const fs::path& carpeta)
 {
     return fs::is_directory(fs::symlink_status(carpeta)) && fs::is_empty(carpeta);
-}
-
-bool existe(const fs::path& p)
-{
-    return fs::exists(fs::symlink_status(p));
 }
 
 Resultado limpiar(const CasaPrueba& casa, std::vector<Categoria> cs, std::vector<std::string>* avisos = nullptr)

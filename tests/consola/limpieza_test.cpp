@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Cleaning from the terminal, end to end: the real binary on the demo home
+// plus decoys. The scan of the same home, run here first, says what each flag
+// selects; afterwards exactly that is gone (emptied in place or moved to the
+// Trash with its original path) and every other byte, in the home and outside
+// it, is as it was.
+#include "apoyo/casa.h"
+#include "apoyo/proceso.h"
+#include "escaner/escaner.h"
+#include "nucleo/formato.h"
+#include "nucleo/textos.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <set>
+#include <sstream>
+
+using apoyo::CasaPrueba;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* grandeMB = "20";
+
+struct GrandeMB {
+    GrandeMB() { ::setenv("VORLANO_GRANDE_MB", grandeMB, 1); }
+    ~GrandeMB() { ::unsetenv("VORLANO_GRANDE_MB"); }
+};
+
+// The demo home, with decoys: a link from a selected cache folder and one
+// beside the caches to a folder outside the home full of files, and files in
+// the protected roots themselves.
+struct Escenario {
+    CasaPrueba casa;
+    fs::path fuera = apoyo::carpetaTemporal("vorlano-fuera");
+
+    Escenario()
+    {
+        const auto demo = apoyo::ejecutarPrograma(VORLANO_FUENTES "/scripts/casa-demo.sh", {casa.raiz().string()});
+        if (demo.estado != 0)
+            throw std::runtime_error("casa-demo.sh: " + demo.errores);
+        for (int i = 0; i < 20; ++i)
+            std::ofstream(fuera / ("ajeno" + std::to_string(i))) << std::string(70000, char('a' + i));
+        casa.enlace("Library/Caches/org.videolan.vlc/atajo", fuera);
+        casa.enlace("Library/Caches/enlace-fuera", fuera);
+        casa.enlace("Library/Logs/enlace-fuera", fuera);
+        for (std::string_view raiz : {"Library", "Library/Caches", "Library/Logs", "Library/Application Support",
+                                      "Downloads", "Documents", "Desktop", "Projects", "Movies", "Music"})
+            casa.archivoCon(std::string(raiz) + "/.intocable", "raíz protegida");
+    }
+    ~Escenario() { apoyo::borrarArbol(fuera); }
+};
+
+std::string relativa(const fs::path& p, const fs::path& raiz)
+{
+    return p.lexically_relative(raiz).string();
+}
+
+bool bajo(const std::string& clave, const std::string& prefijo)
+{
+    return clave == prefijo || clave.starts_with(prefijo + "/");
+}
+
+std::string decodificarUrl(const std::string& s)
+{
+    std::string r;
+    for (size_t i = 0; i < s.size(); ++i)
+        if (s[i] == '%' && i + 2 < s.size()) {
+            r += char(std::stoi(s.substr(i + 1, 2), nullptr, 16));
+            i += 2;
+        } else {
+            r += s[i];
+        }
+    return r;
+}
+
+// What the Trash of the scratch home holds: original path -> name in files/.
+std::map<std::string, std::string> contenidoPapelera(const fs::path& casa)
+{
+    std::map<std::string, std::string> r;
+    const fs::path info = casa / ".local/share/Trash/info";
+    if (!fs::exists(info))
+        return r;
+    for (const auto& e : fs::directory_iterator(info)) {
+        std::ifstream f(e.path());
+        std::string linea;
+        std::getline(f, linea);
+        EXPECT_EQ(linea, "[Trash Info]");
+        std::string ruta;
+        bool fecha = false;
+        while (std::getline(f, linea)) {
+            if (linea.starts_with("Path="))
+                ruta = decodificarUrl(linea.substr(5));
+            fecha = fecha || linea.starts_with("DeletionDate=");
+        }
+        EXPECT_TRUE(fecha) << e.path();
+        r[ruta] = e.path().stem().string();
+    }
+    return r;
+}
+
+// Runs one cleaning flag and checks the whole outcome against the scan.
+void comprobarLimpieza(const std::string& flag)
+{
+    Escenario e;
+    const fs::path raiz = e.casa.raiz();
+    std::vector<Categoria> categorias;
+    {
+        GrandeMB g;
+        categorias = Escaner(e.casa.entorno()).escanear([](const std::string&) {});
+    }
+    const bool todo = flag == "--clean-all";
+    const auto antes = apoyo::huellas(raiz);
+    const auto fueraAntes = apoyo::huellas(e.fuera);
+    const auto homeAntes = apoyo::huellas(std::getenv("HOME"));
+
+    const auto s = apoyo::ejecutarVorlano(raiz, {flag}, {{"VORLANO_GRANDE_MB", grandeMB}});
+    ASSERT_EQ(s.estado, 0);
+
+    // What must have gone, and what the Trash must now hold.
+    auto esperado = antes;
+    std::map<std::string, std::string> aPapelera; // relative path -> original path
+    int64_t enPapelera = 0;
+    size_t elementos = 0;
+    size_t sinTocar = 0;
+    for (const Categoria& c : categorias)
+        for (const Elemento& el : c.elementos) {
+            if (!todo && !el.seleccionado) {
+                ++sinTocar;
+                continue;
+            }
+            ++elementos;
+            if (c.modo == Modo::papelera)
+                enPapelera += el.tamano;
+            for (const fs::path& u : el.urls()) {
+                const std::string r = relativa(u, raiz);
+                ASSERT_FALSE(r.starts_with("..")) << u;
+                const bool quedaLaCarpeta = c.modo == Modo::borrar && antes.at(r).starts_with("carpeta");
+                std::erase_if(esperado, [&](const auto& par) {
+                    return bajo(par.first, r) && !(quedaLaCarpeta && par.first == r);
+                });
+                if (c.modo == Modo::papelera)
+                    aPapelera[r] = u.string();
+            }
+        }
+    // The demo home offers plenty of both kinds, and by default not everything.
+    ASSERT_GT(elementos, 5u);
+    if (todo)
+        ASSERT_GT(aPapelera.size(), 5u);
+    else
+        ASSERT_GT(sinTocar, 5u);
+
+    // The home: exactly what was selected went, nothing else changed, and
+    // nothing was added but the Trash.
+    auto despues = apoyo::huellas(raiz);
+    std::erase_if(despues, [&](const auto& par) {
+        return !antes.contains(par.first) && (bajo(par.first, ".local/share/Trash") || par.first == ".local" ||
+                                              par.first == ".local/share");
+    });
+    EXPECT_EQ(despues, esperado);
+    EXPECT_FALSE(fs::exists(raiz / "Library/Application Support/Vorlano/historial.json"));
+    // Outside the home, nothing at all.
+    EXPECT_EQ(apoyo::huellas(e.fuera), fueraAntes);
+    EXPECT_EQ(apoyo::huellas(std::getenv("HOME")), homeAntes);
+
+    // Each trashed item is in the Trash whole, under its original path.
+    const auto papelera = contenidoPapelera(raiz);
+    EXPECT_EQ(papelera.size(), aPapelera.size());
+    for (const auto& [r, original] : aPapelera) {
+        ASSERT_TRUE(papelera.contains(original)) << original;
+        std::map<std::string, std::string> subarbol;
+        for (const auto& [clave, valor] : antes)
+            if (bajo(clave, r))
+                subarbol[clave == r ? "" : clave.substr(r.size() + 1)] = valor;
+        EXPECT_EQ(apoyo::huellas(raiz / ".local/share/Trash/files" / papelera.at(original)), subarbol) << original;
+    }
+    // And the standard reader lists them.
+    const auto lista = apoyo::ejecutarPrograma("/usr/bin/trash-list", {},
+                                               {{"XDG_DATA_HOME", (raiz / ".local/share").string()}});
+    for (const auto& [r, original] : aPapelera)
+        EXPECT_NE(lista.salida.find(" " + textoVisible(original) + "\n"), std::string::npos) << original;
+
+    // The report ends with the totals and no error line.
+    const size_t totales = s.salida.rfind("\nBorrado: ");
+    ASSERT_NE(totales, std::string::npos) << s.salida;
+    const std::string cola = s.salida.substr(totales);
+    EXPECT_TRUE(cola.ends_with(" · A la Papelera: " + formatoBytes(enPapelera) + "\n")) << cola;
+    EXPECT_EQ(cola.find("error:"), std::string::npos) << cola;
+}
+
+} // namespace
+
+TEST(Limpieza, CleanAllQuitaExactamenteLoSeleccionado)
+{
+    comprobarLimpieza("--clean-all");
+}
+
+TEST(Limpieza, CleanDefaultsQuitaSoloLoPreseleccionado)
+{
+    comprobarLimpieza("--clean-defaults");
+}
+
+TEST(Limpieza, SinModoPruebaNingunFlagBorraNada)
+{
+    // Without VORLANO_HOME the home is HOME: here a scratch demo home.
+    Escenario e;
+    const auto antes = apoyo::huellas(e.casa.raiz());
+    for (const char* flag : {"--clean-all", "--clean-defaults"}) {
+        const auto s = apoyo::ejecutarVorlano(e.casa.raiz(), {flag},
+                                              {{"VORLANO_HOME", std::nullopt}, {"HOME", e.casa.raiz().string()}});
+        EXPECT_EQ(s.estado, 0);
+        EXPECT_TRUE(s.salida.ends_with("\n\nLimpiar desde la terminal solo funciona con VORLANO_HOME (carpeta de "
+                                       "prueba). Usa la app para limpiar.\n"))
+            << flag;
+        EXPECT_EQ(s.salida.find("Borrado:"), std::string::npos) << flag;
+    }
+    EXPECT_EQ(apoyo::huellas(e.casa.raiz()), antes);
+}
+
+TEST(Limpieza, ErroresEnLaSalida)
+{
+    CasaPrueba casa;
+    // A cache folder with a child that nobody may remove.
+    casa.archivo("Library/Caches/org.uno/a", 100 * 4096);
+    casa.archivo("Library/Caches/org.uno/fija/b", 4096);
+    if (::geteuid() == 0)
+        for (const auto& p : fs::recursive_directory_iterator(casa.ruta("Library/Caches")))
+            ::lchown(p.path().c_str(), 65534, 65534);
+    ::chmod(casa.ruta("Library/Caches/org.uno/fija").c_str(), 0555);
+    const auto s = apoyo::ejecutarVorlanoSinPrivilegios(casa.raiz(), {"--clean-defaults"});
+    EXPECT_EQ(s.estado, 0);
+    const size_t totales = s.salida.rfind("\nBorrado: ");
+    ASSERT_NE(totales, std::string::npos) << s.salida << s.errores;
+    EXPECT_EQ(s.salida.substr(totales),
+              "\nBorrado: 410 KB · A la Papelera: 0 KB\n"
+              "  error: org.uno: 1 de 2 elementos no se pudieron borrar (en uso o protegidos)\n");
+    EXPECT_TRUE(fs::exists(casa.ruta("Library/Caches/org.uno/fija/b")));
+}
