@@ -15,6 +15,7 @@
 #include <unistd.h>
 
 #include <cmath>
+#include <limits>
 #include <memory>
 
 namespace fs = std::filesystem;
@@ -26,6 +27,16 @@ namespace {
 constexpr seconds origen{978'307'200};
 // A file larger than this can't be a history of 500 entries.
 constexpr off_t tamanoMaximo = 8 << 20;
+
+// Sums of byte counts saturate at the ends of the range instead of
+// overflowing: a damaged file may hold any figures.
+int64_t sumar(int64_t a, int64_t b)
+{
+    int64_t r;
+    if (__builtin_add_overflow(a, b, &r))
+        return a > 0 ? std::numeric_limits<int64_t>::max() : std::numeric_limits<int64_t>::min();
+    return r;
+}
 
 // Microseconds survive the trip through a double of this range exactly, so
 // an entry reads back as it was written.
@@ -146,6 +157,11 @@ std::unique_ptr<icu::Calendar> crearCalendario(const Calendario& c)
 
 } // namespace
 
+int64_t Registro::total() const
+{
+    return sumar(borrado, papelera);
+}
+
 Historial::Historial(fs::path archivo, std::function<Fecha()> ahora, Calendario calendario)
     : archivo_(std::move(archivo)), ahora_(std::move(ahora)), calendario_(std::move(calendario))
 {
@@ -163,7 +179,7 @@ fs::path Historial::archivoDe(const Entorno& entorno)
 
 bool Historial::anotar(const Resultado& resultado, const std::string& tipo)
 {
-    if (resultado.borrado + resultado.enPapelera < 1)
+    if (sumar(resultado.borrado, resultado.enPapelera) < 1)
         return false;
     registros_.push_back({alMicrosegundo(ahora_()), resultado.borrado, resultado.enPapelera, tipo});
     if (registros_.size() > maximo)
@@ -178,7 +194,7 @@ int64_t Historial::total() const
 {
     int64_t suma = 0;
     for (const Registro& r : registros_)
-        suma += r.total();
+        suma = sumar(suma, r.total());
     return suma;
 }
 
@@ -196,7 +212,7 @@ int64_t Historial::esteMes() const
     int64_t suma = 0;
     for (const Registro& r : registros_)
         if (mes(r.fecha) == actual)
-            suma += r.total();
+            suma = sumar(suma, r.total());
     return U_SUCCESS(e) ? suma : 0;
 }
 
@@ -232,7 +248,7 @@ std::vector<BytesSemana> Historial::porSemana() const
         int64_t bytes = 0;
         for (const Registro& r : registros_)
             if (desde <= r.fecha && r.fecha < hasta)
-                bytes += r.total();
+                bytes = sumar(bytes, r.total());
         semanas.push_back({desde, bytes});
     }
     return semanas;

@@ -23,7 +23,8 @@ struct Registro {
 
     // Two entries of one instant share it.
     Fecha id() const { return fecha; }
-    int64_t total() const { return borrado + papelera; }
+    // borrado + papelera, held at the ends of the range rather than overflowing.
+    int64_t total() const;
     bool operator==(const Registro&) const = default;
 };
 

@@ -172,7 +172,7 @@ TEST(Historial, ArchivoDanadoEsHistorialVacio)
     }
 }
 
-TEST(Historial, ValidoConClavesEnOtroOrdenYFechaEntera)
+TEST(Historial, ValidoConClavesEnOtroOrdenFechaEnteraYCifrasExtremas)
 {
     CasaPrueba casa;
     const fs::path archivo = casa.ruta("historial.json");
@@ -180,6 +180,11 @@ TEST(Historial, ValidoConClavesEnOtroOrdenYFechaEntera)
     const Historial h(archivo);
     ASSERT_EQ(h.registros().size(), 1u);
     EXPECT_EQ(h.registros()[0], (Registro{utc(2001, 1, 1), 1, 2, "mapa"}));
+
+    // Figures no cleaning produces still add up without overflowing.
+    escribir(archivo, R"([{"fecha":0,"borrado":9223372036854775807,"papelera":9223372036854775807,"tipo":"x"},)"
+                      R"({"fecha":1,"borrado":5,"papelera":0,"tipo":"x"}])");
+    EXPECT_EQ(Historial(archivo).total(), INT64_MAX);
 }
 
 TEST(Historial, CarpetaEnLugarDelArchivoOSinPermiso)
