@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <climits>
 #include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
@@ -123,7 +124,7 @@ bool esperarFin(pid_t pid, int fin, Reloj::time_point hasta)
             return false;
         if (fin >= 0) {
             pollfd f{fin, POLLIN, 0};
-            ::poll(&f, 1, int(quedan));
+            ::poll(&f, 1, int(std::min<long long>(quedan, INT_MAX)));
         } else {
             std::this_thread::sleep_for(std::chrono::milliseconds(std::min<long long>(quedan, 20)));
         }
@@ -197,7 +198,7 @@ std::optional<SalidaPrograma> ejecutar(const std::string& programa, const std::v
         if (!terminado && fin >= 0)
             fds[n++] = {fin, POLLIN, 0};
         // Without an end descriptor the end is checked every 20 ms.
-        const int espera = (!terminado && fin < 0) ? int(std::min<long long>(quedan, 20)) : int(quedan);
+        const int espera = int(std::min<long long>(quedan, (!terminado && fin < 0) ? 20 : INT_MAX));
         if (::poll(fds, n, espera) < 0 && errno != EINTR)
             break;
         if (!cerrado && fds[0].revents != 0) {

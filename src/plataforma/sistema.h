@@ -12,8 +12,9 @@ namespace plataforma {
 // The home folder of the user running the program, whatever VORLANO_HOME says.
 std::filesystem::path carpetaPersonalReal();
 
-// Test mode is hermetic: point the places where the program writes (data and
-// config homes: Trash, settings, history, autostart) into the scratch home.
+// Test mode is hermetic: point HOME and the places where the program writes
+// (data, config and cache homes: Trash, settings, history, autostart) into the
+// scratch home. carpetaPersonalReal still answers the real home.
 // Called once at start-up, before any thread exists.
 void aislarEnCarpeta(const std::filesystem::path& home);
 

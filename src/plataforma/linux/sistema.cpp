@@ -7,14 +7,24 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <optional>
+#include <string>
 
 namespace plataforma {
+
+namespace {
+
+// HOME as the process found it, kept when test mode points HOME elsewhere.
+std::optional<std::string> homeOriginal;
+
+} // namespace
 
 std::filesystem::path carpetaPersonalReal()
 {
     // HOME first, as every Linux desktop library reads it; the password
     // database where it is unset.
-    if (const char* h = std::getenv("HOME"); h != nullptr && *h)
+    const char* h = homeOriginal ? homeOriginal->c_str() : std::getenv("HOME");
+    if (h != nullptr && *h)
         return h;
     if (const passwd* pw = ::getpwuid(::getuid()); pw != nullptr && pw->pw_dir != nullptr && *pw->pw_dir)
         return pw->pw_dir;
@@ -23,6 +33,13 @@ std::filesystem::path carpetaPersonalReal()
 
 void aislarEnCarpeta(const std::filesystem::path& home)
 {
+    // HOME too: GIO picks the Trash by the device of HOME, and libraries that
+    // keep state under it must keep it here.
+    if (!homeOriginal) {
+        const char* h = std::getenv("HOME");
+        homeOriginal = h != nullptr ? h : "";
+    }
+    ::setenv("HOME", home.c_str(), 1);
     ::setenv("XDG_DATA_HOME", (home / ".local/share").c_str(), 1);
     ::setenv("XDG_CONFIG_HOME", (home / ".config").c_str(), 1);
     ::setenv("XDG_CACHE_HOME", (home / ".cache").c_str(), 1);
