@@ -10,29 +10,32 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <sstream>
 #include <stdexcept>
-#include <string>
-#include <vector>
 
 namespace apoyo {
 
 namespace {
 
-void escribirTodo(int fd, const char* p, size_t n)
+bool escribirTodo(int fd, std::string_view datos)
 {
-    while (n > 0) {
-        const ssize_t w = ::write(fd, p, n);
-        if (w <= 0)
-            throw std::runtime_error("no se pudo escribir un archivo de prueba");
-        p += w;
-        n -= size_t(w);
-    }
+    for (ssize_t w; !datos.empty(); datos.remove_prefix(size_t(w)))
+        if ((w = ::write(fd, datos.data(), datos.size())) <= 0)
+            return false;
+    return true;
 }
 
-void padres(const fs::path& p)
+// A new file (parents created), filled by f through its descriptor.
+fs::path conArchivo(const fs::path& p, const std::function<bool(int)>& f)
 {
     fs::create_directories(p.parent_path());
+    const int fd = ::open(p.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    const bool ok = fd >= 0 && f(fd);
+    ::close(fd);
+    if (!ok)
+        throw std::runtime_error("no se pudo crear " + p.string());
+    return p;
 }
 
 } // namespace
@@ -50,10 +53,7 @@ void borrarArbol(const fs::path& p)
 {
     // Put back rights that a test took away, then remove; links aren't followed.
     std::error_code ec;
-    struct stat st;
-    if (::lstat(p.c_str(), &st) != 0)
-        return;
-    if (S_ISDIR(st.st_mode)) {
+    if (fs::is_directory(fs::symlink_status(p, ec))) {
         ::chmod(p.c_str(), 0700);
         for (fs::directory_iterator it(p, ec), fin; !ec && it != fin; it.increment(ec))
             borrarArbol(it->path());
@@ -71,94 +71,57 @@ CasaPrueba::~CasaPrueba()
 
 fs::path CasaPrueba::crearDir(std::string_view relativa)
 {
-    const fs::path p = ruta(relativa);
-    fs::create_directories(p);
-    return p;
+    fs::create_directories(ruta(relativa));
+    return ruta(relativa);
 }
 
 fs::path CasaPrueba::archivo(std::string_view relativa, int64_t bytes, char relleno)
 {
-    const fs::path p = ruta(relativa);
-    padres(p);
-    const int fd = ::open(p.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    if (fd < 0)
-        throw std::runtime_error("no se pudo crear " + p.string());
-    const std::vector<char> bloque(1 << 20, relleno);
-    for (int64_t quedan = bytes; quedan > 0;) {
-        const size_t n = size_t(std::min<int64_t>(quedan, int64_t(bloque.size())));
-        escribirTodo(fd, bloque.data(), n);
-        quedan -= int64_t(n);
-    }
-    // Allocation is settled on close for ext4's delayed allocation; fsync makes
-    // st_blocks final on every file system.
-    ::fsync(fd);
-    ::close(fd);
-    return p;
+    return conArchivo(ruta(relativa), [&](int fd) {
+        const std::string bloque(1 << 20, relleno);
+        for (int64_t quedan = bytes; quedan > 0; quedan -= int64_t(bloque.size()))
+            if (!escribirTodo(fd, std::string_view(bloque).substr(0, size_t(std::min<int64_t>(quedan, 1 << 20)))))
+                return false;
+        // ext4 settles the allocation late; fsync makes st_blocks final.
+        return ::fsync(fd) == 0;
+    });
 }
 
 fs::path CasaPrueba::archivoCon(std::string_view relativa, std::string_view contenido)
 {
-    const fs::path p = ruta(relativa);
-    padres(p);
-    const int fd = ::open(p.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    if (fd < 0)
-        throw std::runtime_error("no se pudo crear " + p.string());
-    escribirTodo(fd, contenido.data(), contenido.size());
-    ::close(fd);
-    return p;
+    return conArchivo(ruta(relativa), [&](int fd) { return escribirTodo(fd, contenido); });
 }
 
 fs::path CasaPrueba::reservado(std::string_view relativa, int64_t bytes)
 {
-    const fs::path p = ruta(relativa);
-    padres(p);
-    const int fd = ::open(p.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    if (fd < 0 || ::fallocate(fd, 0, 0, bytes) != 0)
-        throw std::runtime_error("no se pudo reservar " + p.string());
-    ::close(fd);
-    return p;
+    return conArchivo(ruta(relativa), [&](int fd) { return ::fallocate(fd, 0, 0, bytes) == 0; });
 }
 
 fs::path CasaPrueba::disperso(std::string_view relativa, int64_t longitud)
 {
-    const fs::path p = ruta(relativa);
-    padres(p);
-    const int fd = ::open(p.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-    if (fd < 0 || ::ftruncate(fd, longitud) != 0)
-        throw std::runtime_error("no se pudo crear " + p.string());
-    ::close(fd);
-    return p;
+    return conArchivo(ruta(relativa), [&](int fd) { return ::ftruncate(fd, longitud) == 0; });
 }
 
 fs::path CasaPrueba::enlace(std::string_view relativa, const fs::path& destino)
 {
-    const fs::path p = ruta(relativa);
-    padres(p);
-    fs::create_symlink(destino, p);
-    return p;
+    fs::create_directories(ruta(relativa).parent_path());
+    fs::create_symlink(destino, ruta(relativa));
+    return ruta(relativa);
 }
 
 fs::path CasaPrueba::enlaceDuro(std::string_view relativa, std::string_view existente)
 {
-    const fs::path p = ruta(relativa);
-    padres(p);
-    fs::create_hard_link(ruta(existente), p);
-    return p;
+    fs::create_directories(ruta(relativa).parent_path());
+    fs::create_hard_link(ruta(existente), ruta(relativa));
+    return ruta(relativa);
 }
 
 fs::path CasaPrueba::muchos(std::string_view carpeta, int n, int64_t bytes)
 {
-    const fs::path dir = crearDir(carpeta);
     const std::string contenido(size_t(bytes), 'm');
-    for (int i = 0; i < n; ++i) {
-        const fs::path p = dir / ("f" + std::to_string(i));
-        const int fd = ::open(p.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-        if (fd < 0)
-            throw std::runtime_error("no se pudo crear " + p.string());
-        escribirTodo(fd, contenido.data(), contenido.size());
-        ::close(fd);
-    }
-    return dir;
+    for (int i = 0; i < n; ++i)
+        archivoCon(std::string(carpeta) + "/f" + std::to_string(i), contenido);
+    return crearDir(carpeta);
 }
 
 void CasaPrueba::sinPermisos(std::string_view relativa)
@@ -168,8 +131,7 @@ void CasaPrueba::sinPermisos(std::string_view relativa)
 
 void CasaPrueba::fecha(std::string_view relativa, Fecha cuando)
 {
-    using namespace std::chrono;
-    const auto ns = duration_cast<nanoseconds>(cuando.time_since_epoch()).count();
+    const auto ns = std::chrono::duration_cast<std::chrono::nanoseconds>(cuando.time_since_epoch()).count();
     const timespec t{time_t(ns / 1'000'000'000), long(ns % 1'000'000'000)};
     const timespec ambas[2] = {t, t};
     ::utimensat(AT_FDCWD, ruta(relativa).c_str(), ambas, AT_SYMLINK_NOFOLLOW);
@@ -198,15 +160,15 @@ std::map<std::string, std::string> huellas(const fs::path& raiz)
             return;
         char modo[8];
         std::snprintf(modo, sizeof modo, "%o", unsigned(st.st_mode & 07777));
-        const std::string clave = p == raiz ? "" : fs::relative(p, raiz).string();
+        std::string& h = r[p == raiz ? "" : fs::relative(p, raiz).string()];
         if (S_ISLNK(st.st_mode))
-            r[clave] = "enlace -> " + fs::read_symlink(p).string();
+            h = "enlace -> " + fs::read_symlink(p).string();
         else if (S_ISDIR(st.st_mode))
-            r[clave] = std::string("carpeta ") + modo;
+            h = std::string("carpeta ") + modo;
         else if (S_ISREG(st.st_mode))
-            r[clave] = std::string("archivo ") + modo + " " + Escaner::huellaCompleta(p.string()).value_or("ilegible");
+            h = std::string("archivo ") + modo + " " + Escaner::huellaCompleta(p.string()).value_or("ilegible");
         else
-            r[clave] = std::string("otro ") + modo;
+            h = std::string("otro ") + modo;
     };
     anotar(raiz);
     std::error_code ec;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// A little language for test trees: a scratch home under the temporary folder,
-// removed with everything in it when the object goes.
+// Test trees: a scratch home under the temporary folder, removed with
+// everything in it when the object goes.
 
 #include "nucleo/entorno.h"
 #include "nucleo/formato.h"
@@ -26,19 +26,18 @@ public:
 
     const fs::path& raiz() const { return raiz_; }
     fs::path ruta(std::string_view relativa) const { return raiz_ / relativa; }
-    // The environment of a test-mode run in this home.
+    // A test-mode run in this home.
     Entorno entorno() const { return Entorno{raiz_, true}; }
 
     // Each creates its parents and returns the absolute path.
     fs::path crearDir(std::string_view relativa);
-    // A file of exactly `bytes` bytes of data; with 4 KiB blocks, a multiple of
-    // 4096 is also its allocated size.
+    // `bytes` bytes of data: with 4 KiB blocks a multiple of 4096 is also its
+    // allocated size.
     fs::path archivo(std::string_view relativa, int64_t bytes, char relleno = 'x');
     fs::path archivoCon(std::string_view relativa, std::string_view contenido);
-    // A file with exactly `bytes` bytes allocated and never written
-    // (fallocate): large files at no cost of time.
+    // `bytes` bytes allocated, never written (fallocate).
     fs::path reservado(std::string_view relativa, int64_t bytes);
-    // A file of that length with no data blocks at all.
+    // That length, no data blocks at all.
     fs::path disperso(std::string_view relativa, int64_t longitud);
     fs::path enlace(std::string_view relativa, const fs::path& destino);
     fs::path enlaceDuro(std::string_view relativa, std::string_view existente);
@@ -46,14 +45,14 @@ public:
     fs::path muchos(std::string_view carpeta, int n, int64_t bytes);
     // Mode 000 (the removal at the end puts the rights back).
     void sinPermisos(std::string_view relativa);
-    // Sets the modification (and access) time, without following links.
+    // Modification and access time, the link itself if it is one.
     void fecha(std::string_view relativa, Fecha cuando);
 
 private:
     fs::path raiz_;
 };
 
-// Allocated bytes of one entry (st_blocks * 512), without following links.
+// Allocated bytes of one entry (st_blocks * 512), links not followed.
 int64_t asignado(const fs::path& p);
 
 // What `du -B1 -s` says of a path: the reference for sizes.
@@ -63,9 +62,8 @@ int64_t du(const fs::path& p);
 std::string leer(const fs::path& p);
 
 // Everything at and below the path, links not followed: relative path ("" for
-// the path itself) -> kind, mode and content ("archivo 644 <sha-256>",
-// "carpeta 755", "enlace -> destino"). Equal maps mean a tree untouched byte
-// for byte.
+// the path itself) -> kind, mode and content. Equal maps: a tree untouched
+// byte for byte.
 std::map<std::string, std::string> huellas(const fs::path& raiz);
 
 // A unique scratch folder under the temporary folder, and its removal.

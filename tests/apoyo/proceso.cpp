@@ -1,99 +1,93 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "apoyo/proceso.h"
 
-#include <dirent.h>
+#include "apoyo/casa.h"
+
 #include <fcntl.h>
-#include <poll.h>
 #include <grp.h>
 #include <sched.h>
 #include <spawn.h>
+#include <sys/mman.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstring>
-#include <fstream>
+#include <cstdio>
 #include <sstream>
-#include <stdexcept>
 
 extern char** environ;
 
 namespace apoyo {
 
-Salida ejecutarPrograma(const std::string& programa, const std::vector<std::string>& argumentos,
-                        const std::map<std::string, std::optional<std::string>>& entorno)
+namespace {
+
+std::vector<char*> punteros(std::vector<std::string>& textos)
 {
-    // The environment: ours, with the given variables replaced or removed.
-    std::map<std::string, std::string> vars;
-    for (char** e = environ; *e; ++e) {
-        const char* igual = std::strchr(*e, '=');
-        if (igual)
-            vars[std::string(*e, size_t(igual - *e))] = igual + 1;
-    }
-    for (const auto& [k, v] : entorno) {
-        if (v)
-            vars[k] = *v;
-        else
-            vars.erase(k);
-    }
-    std::vector<std::string> textos;
-    for (const auto& [k, v] : vars)
-        textos.push_back(k + "=" + v);
-    std::vector<char*> envp;
+    std::vector<char*> r;
     for (auto& t : textos)
-        envp.push_back(t.data());
-    envp.push_back(nullptr);
+        r.push_back(t.data());
+    r.push_back(nullptr);
+    return r;
+}
 
-    std::vector<std::string> args{programa};
-    args.insert(args.end(), argumentos.begin(), argumentos.end());
-    std::vector<char*> argv;
-    for (auto& a : args)
-        argv.push_back(a.data());
-    argv.push_back(nullptr);
+// What a child wrote into an anonymous file; closes it.
+std::string contenido(int fd)
+{
+    std::string r = leer("/proc/self/fd/" + std::to_string(fd));
+    ::close(fd);
+    return r;
+}
 
-    int out[2], err[2];
-    if (::pipe2(out, O_CLOEXEC) != 0 || ::pipe2(err, O_CLOEXEC) != 0)
-        throw std::runtime_error("pipe falló");
-    posix_spawn_file_actions_t fa;
-    posix_spawn_file_actions_init(&fa);
-    posix_spawn_file_actions_addopen(&fa, 0, "/dev/null", O_RDONLY, 0);
-    posix_spawn_file_actions_adddup2(&fa, out[1], 1);
-    posix_spawn_file_actions_adddup2(&fa, err[1], 2);
-    pid_t pid = -1;
-    const int rc = ::posix_spawn(&pid, programa.c_str(), &fa, nullptr, argv.data(), envp.data());
-    posix_spawn_file_actions_destroy(&fa);
-    ::close(out[1]);
-    ::close(err[1]);
-    Salida s;
-    if (rc != 0) {
-        ::close(out[0]);
-        ::close(err[0]);
-        return s;
-    }
-    pollfd fds[2] = {{out[0], POLLIN, 0}, {err[0], POLLIN, 0}};
-    std::string* destino[2] = {&s.salida, &s.errores};
-    int abiertos = 2;
-    char buf[65536];
-    while (abiertos > 0) {
-        if (::poll(fds, 2, -1) < 0)
-            break;
-        for (int i = 0; i < 2; ++i) {
-            if (fds[i].fd < 0 || fds[i].revents == 0)
-                continue;
-            const ssize_t n = ::read(fds[i].fd, buf, sizeof buf);
-            if (n > 0) {
-                destino[i]->append(buf, size_t(n));
-            } else {
-                ::close(fds[i].fd);
-                fds[i].fd = -1;
-                --abiertos;
-            }
-        }
+// f in a forked child: its result as the exit status, or -1.
+int enHijo(const std::function<int()>& f)
+{
+    std::fflush(nullptr);
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+        const int r = f();
+        std::fflush(nullptr);
+        ::_exit(r);
     }
     int st = 0;
     ::waitpid(pid, &st, 0);
-    s.estado = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
+    return WIFEXITED(st) ? WEXITSTATUS(st) : -1;
+}
+
+} // namespace
+
+Salida ejecutarPrograma(const std::string& programa, const std::vector<std::string>& argumentos,
+                        const std::map<std::string, std::optional<std::string>>& entorno)
+{
+    std::vector<std::string> vars;
+    for (char** e = environ; *e; ++e)
+        if (const std::string_view v = *e; !entorno.contains(std::string(v.substr(0, v.find('=')))))
+            vars.emplace_back(v);
+    for (const auto& [k, v] : entorno)
+        if (v)
+            vars.push_back(k + "=" + *v);
+    std::vector<std::string> args{programa};
+    args.insert(args.end(), argumentos.begin(), argumentos.end());
+
+    // Both outputs go to anonymous files, read once the program has exited:
+    // nothing to drain while it runs.
+    const int out = ::memfd_create("salida", MFD_CLOEXEC);
+    const int err = ::memfd_create("errores", MFD_CLOEXEC);
+    posix_spawn_file_actions_t fa;
+    posix_spawn_file_actions_init(&fa);
+    posix_spawn_file_actions_addopen(&fa, 0, "/dev/null", O_RDONLY, 0);
+    posix_spawn_file_actions_adddup2(&fa, out, 1);
+    posix_spawn_file_actions_adddup2(&fa, err, 2);
+    Salida s;
+    pid_t pid = -1;
+    if (::posix_spawn(&pid, programa.c_str(), &fa, nullptr, punteros(args).data(), punteros(vars).data()) == 0) {
+        int st = 0;
+        ::waitpid(pid, &st, 0);
+        s.estado = WIFEXITED(st) ? WEXITSTATUS(st) : -1;
+    }
+    posix_spawn_file_actions_destroy(&fa);
+    s.salida = contenido(out);
+    s.errores = contenido(err);
     return s;
 }
 
@@ -121,63 +115,41 @@ bool comoUsuarioSinPrivilegios(const std::filesystem::path& carpeta, const std::
     if (::geteuid() != 0)
         return f();
     ::chmod(carpeta.c_str(), 0755);
-    std::fflush(nullptr);
-    const pid_t pid = ::fork();
-    if (pid == 0) {
-        const bool ok = ::setgroups(0, nullptr) == 0 && ::setresgid(65534, 65534, 65534) == 0 &&
-                        ::setresuid(65534, 65534, 65534) == 0 && f();
-        std::fflush(nullptr);
-        ::_exit(ok ? 0 : 1);
-    }
-    int st = 0;
-    ::waitpid(pid, &st, 0);
-    return WIFEXITED(st) && WEXITSTATUS(st) == 0;
+    return enHijo([&] {
+        return ::setgroups(0, nullptr) == 0 && ::setresgid(65534, 65534, 65534) == 0 &&
+                       ::setresuid(65534, 65534, 65534) == 0 && f()
+                   ? 0
+                   : 1;
+    }) == 0;
 }
 
 int conMontajesPropios(const std::function<int()>& f)
 {
-    std::fflush(nullptr);
-    const pid_t pid = ::fork();
-    if (pid == 0) {
+    return enHijo([&] {
         // Private propagation: nothing mounted here reaches the parent's namespace.
-        int r = sinMontajes;
-        if (::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0)
-            r = f();
-        std::fflush(nullptr);
-        ::_exit(r);
-    }
-    int st = 0;
-    ::waitpid(pid, &st, 0);
-    return WIFEXITED(st) ? WEXITSTATUS(st) : -1;
+        return ::unshare(CLONE_NEWNS) == 0 && ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0
+                   ? f()
+                   : sinMontajes;
+    });
 }
 
 std::vector<int> hijosVivos()
 {
     std::vector<int> r;
-    const std::string yo = std::to_string(::getpid());
-    DIR* d = ::opendir("/proc");
-    if (d == nullptr)
-        return r;
-    while (const dirent* e = ::readdir(d)) {
-        char* fin = nullptr;
-        const long pid = std::strtol(e->d_name, &fin, 10);
-        if (*fin != '\0' || pid <= 0)
+    std::error_code ec;
+    for (std::filesystem::directory_iterator it("/proc", ec), fin; !ec && it != fin; it.increment(ec)) {
+        const std::string pid = it->path().filename();
+        if (pid.find_first_not_of("0123456789") != std::string::npos)
             continue;
-        // Field 4 of /proc/<pid>/stat is the parent; the name in field 2 may
-        // hold blanks, so count from the closing parenthesis.
-        std::ifstream f(std::string("/proc/") + e->d_name + "/stat");
-        std::string linea;
-        std::getline(f, linea);
-        const size_t cierre = linea.rfind(')');
-        if (cierre == std::string::npos)
-            continue;
-        std::istringstream resto(linea.substr(cierre + 2));
-        std::string estado, padre;
+        // Field 4 of stat is the parent; the name in field 2 may hold blanks.
+        const std::string stat = leer(it->path() / "stat");
+        std::istringstream resto(stat.substr(stat.rfind(')') + 1));
+        std::string estado;
+        int padre = 0;
         resto >> estado >> padre;
-        if (padre == yo)
-            r.push_back(int(pid));
+        if (padre == ::getpid())
+            r.push_back(std::stoi(pid));
     }
-    ::closedir(d);
     return r;
 }
 
