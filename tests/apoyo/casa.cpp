@@ -8,9 +8,12 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <fstream>
 #include <functional>
+#include <regex>
 #include <sstream>
 #include <stdexcept>
 
@@ -181,6 +184,33 @@ int64_t du(const fs::path& p)
 {
     const Salida s = ejecutarPrograma("/usr/bin/du", {"-B1", "-s", p.string()});
     return s.estado == 0 ? std::stoll(s.salida) : -1;
+}
+
+std::map<std::string, std::string> papelera(const fs::path& datos)
+{
+    const std::regex forma("\\[Trash Info\\]\nPath=((?:[-A-Za-z0-9/._~]|%[0-9A-F]{2})+)\n"
+                           "DeletionDate=[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9]{2}:[0-9]{2}:[0-9]{2}\n");
+    std::map<std::string, std::string> r;
+    std::error_code ec;
+    for (fs::directory_iterator it(datos / "Trash/info", ec), fin; !ec && it != fin; it.increment(ec)) {
+        const std::string texto = leer(it->path());
+        std::smatch m;
+        if (it->path().extension() != ".trashinfo" || !std::regex_match(texto, m, forma)) {
+            ADD_FAILURE() << it->path() << ":\n" << texto;
+            continue;
+        }
+        const std::string cifrada = m[1];
+        std::string ruta;
+        for (size_t i = 0; i < cifrada.size(); ++i)
+            if (cifrada[i] == '%') {
+                ruta += char(std::stoi(cifrada.substr(i + 1, 2), nullptr, 16));
+                i += 2;
+            } else {
+                ruta += cifrada[i];
+            }
+        r[ruta] = it->path().stem().string();
+    }
+    return r;
 }
 
 } // namespace apoyo

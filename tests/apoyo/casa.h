@@ -66,6 +66,10 @@ std::string leer(const fs::path& p);
 // byte for byte.
 std::map<std::string, std::string> huellas(const fs::path& raiz);
 
+// The Trash under a data home: original path -> name in files/, from the
+// .trashinfo files; one that isn't well formed fails the test.
+std::map<std::string, std::string> papelera(const fs::path& datos);
+
 // A unique scratch folder under the temporary folder, and its removal.
 fs::path carpetaTemporal(std::string_view prefijo);
 void borrarArbol(const fs::path& p);

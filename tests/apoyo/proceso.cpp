@@ -14,6 +14,7 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <cstdlib>
 #include <sstream>
 
 extern char** environ;
@@ -151,6 +152,24 @@ std::vector<int> hijosVivos()
             r.push_back(std::stoi(pid));
     }
     return r;
+}
+
+Variable::Variable(std::string nombre, const std::optional<std::string>& valor) : nombre_(std::move(nombre))
+{
+    if (const char* v = std::getenv(nombre_.c_str()))
+        antes_ = v;
+    if (valor)
+        ::setenv(nombre_.c_str(), valor->c_str(), 1);
+    else
+        ::unsetenv(nombre_.c_str());
+}
+
+Variable::~Variable()
+{
+    if (antes_)
+        ::setenv(nombre_.c_str(), antes_->c_str(), 1);
+    else
+        ::unsetenv(nombre_.c_str());
 }
 
 } // namespace apoyo

@@ -49,4 +49,18 @@ int conMontajesPropios(const std::function<int()>& f);
 // The children of this process still present (alive or zombie), by pid.
 std::vector<int> hijosVivos();
 
+// An environment variable of this process set (nullopt: removed) for the life
+// of the object.
+class Variable {
+public:
+    Variable(std::string nombre, const std::optional<std::string>& valor);
+    ~Variable();
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    std::string nombre_;
+    std::optional<std::string> antes_;
+};
+
 } // namespace apoyo
