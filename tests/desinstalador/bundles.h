@@ -3,34 +3,36 @@
 
 // Real application bundles for the uninstaller's tests.
 
+#include <plist/plist.h>
+
+#include <cstdlib>
 #include <filesystem>
-#include <optional>
+#include <fstream>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace fs = std::filesystem;
 
-enum class FormatoPlist { xml, binario };
-
 using Claves = std::vector<std::pair<std::string, std::string>>;
 
-// A bundle folder with Contents/Info.plist holding those text keys, written by
-// libplist in the given format. Returns the bundle's path.
-fs::path crearBundle(const fs::path& bundle, const Claves& claves, FormatoPlist formato = FormatoPlist::xml);
+// A bundle whose Contents/Info.plist holds those text keys, written by libplist.
+inline fs::path crearBundle(const fs::path& bundle, const Claves& claves, bool binario = false)
+{
+    plist_t dict = plist_new_dict();
+    for (const auto& [k, v] : claves)
+        plist_dict_set_item(dict, k.c_str(), plist_new_string(v.c_str()));
+    char* datos = nullptr;
+    uint32_t n = 0;
+    binario ? plist_to_bin(dict, &datos, &n) : plist_to_xml(dict, &datos, &n);
+    plist_free(dict);
+    fs::create_directories(bundle / "Contents/MacOS");
+    std::ofstream(bundle / "Contents/Info.plist", std::ios::binary).write(datos, n);
+    std::free(datos);
+    return bundle;
+}
 
-// The usual keys of an application.
-Claves clavesDeApp(const std::string& id, const std::string& nombre = "", const std::string& ejecutable = "");
-
-// Sets an environment variable for the life of the object, then restores it.
-class Variable {
-public:
-    Variable(const char* nombre, const std::string& valor);
-    ~Variable();
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* nombre_;
-    std::optional<std::string> antes_;
-};
+inline fs::path crearApp(const fs::path& bundle, const std::string& id)
+{
+    return crearBundle(bundle, {{"CFBundleIdentifier", id}});
+}

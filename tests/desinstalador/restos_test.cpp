@@ -16,11 +16,7 @@ namespace {
 
 AppInstalada pintor()
 {
-    AppInstalada a;
-    a.nombre = "Pintor";
-    a.bundleID = "com.Foo.App";
-    a.otrosNombres = {"Pintor", "Pintor Pro"};
-    return a;
+    return AppInstalada{.nombre = "Pintor", .bundleID = "com.Foo.App", .otrosNombres = {"Pintor", "Pintor Pro"}};
 }
 
 // Path below the home folder -> detalle, of every leftover found.
@@ -38,115 +34,79 @@ TEST(Restos, CadaCarpetaConSuRegla)
 {
     CasaPrueba casa;
     struct Fila {
-        const char* ruta;
-        const char* detalle; // nullptr: not the app's
+        const char* carpeta; // in Library
+        const char* detalle;
+        std::vector<const char*> delApp, ajenas;
     } filas[] = {
-        {"Library/Application Support/PINTOR", "Datos de la app"},
-        {"Library/Application Support/com.foo.app", "Datos de la app"},
-        {"Library/Application Support/pintor pro", "Datos de la app"},
-        {"Library/Application Support/Pintor Helper", nullptr},
-        {"Library/Application Support/com.foo.app.helper", nullptr},
-        {"Library/Caches/com.foo.app", "Cachés"},
-        {"Library/Caches/Pintor", "Cachés"},
-        {"Library/Logs/Pintor", "Registros"},
-        {"Library/Logs/com.foo.app.log", nullptr},
-        {"Library/Preferences/com.foo.app.plist", "Preferencias"},
-        {"Library/Preferences/com.foo.app.helper.plist", "Preferencias"},
-        {"Library/Preferences/COM.FOO.APP.PLIST", "Preferencias"},
-        {"Library/Preferences/com.foo.apple.plist", nullptr},
-        {"Library/Preferences/com.foo.app.plist.bak", nullptr},
-        {"Library/Preferences/Pintor.plist", nullptr},
-        {"Library/Preferences/ByHost/com.foo.app.0A1B2C", "Preferencias"},
-        {"Library/Preferences/ByHost/com.foo.apple.0A1B2C", nullptr},
-        {"Library/Saved Application State/com.foo.app.savedState", "Estado de ventanas"},
-        {"Library/Saved Application State/com.foo.app.helper.savedState", nullptr},
-        {"Library/HTTPStorages/com.foo.app", "Datos web"},
-        {"Library/HTTPStorages/com.foo.app.binarycookies", "Datos web"},
-        {"Library/HTTPStorages/com.foo.apple", nullptr},
-        {"Library/WebKit/com.foo.app", "Datos web"},
-        {"Library/WebKit/com.foo.app.x", nullptr},
-        {"Library/Cookies/com.foo.app.binarycookies", "Cookies"},
-        {"Library/Cookies/com.foo.apple.binarycookies", "Cookies"},
-        {"Library/Cookies/com.foo.app.cookies", nullptr},
-        {"Library/Application Scripts/com.foo.app", "Scripts"},
-        {"Library/Application Scripts/Pintor", nullptr},
-        {"Library/LaunchAgents/com.foo.app.updater.plist", "Inicio automático"},
-        {"Library/LaunchAgents/com.foo.apple.plist", "Inicio automático"},
-        {"Library/LaunchAgents/pintor.plist", nullptr},
-        {"Library/Containers/com.foo.app", "Contenedor"},
-        {"Library/Containers/Pintor", nullptr},
-        {"Library/Group Containers/group.com.foo.app", "Contenedor compartido"},
-        {"Library/Group Containers/ABC123.com.foo.app", "Contenedor compartido"},
-        {"Library/Group Containers/com.foo.app", nullptr},
-        {"Library/Group Containers/group.com.foo.app.x", nullptr},
-        {"Library/Pintor", nullptr},
-        {"Pintor", nullptr},
+        {"Application Support", "Datos de la app", {"PINTOR", "com.foo.app", "pintor pro"},
+         {"Pintor Helper", "com.foo.app.helper"}},
+        {"Caches", "Cachés", {"com.foo.app"}, {}},
+        {"Logs", "Registros", {"Pintor"}, {}},
+        {"Preferences", "Preferencias", {"COM.FOO.APP.PLIST", "com.foo.app.helper.plist"},
+         {"com.foo.apple.plist", "com.foo.app.plist.bak", "Pintor.plist"}},
+        {"Preferences/ByHost", "Preferencias", {"com.foo.app.0A1B2C"}, {"com.foo.apple.0A1B2C"}},
+        {"Saved Application State", "Estado de ventanas", {"com.foo.app.savedState"}, {"com.foo.app.x.savedState"}},
+        {"HTTPStorages", "Datos web", {"com.foo.app", "com.foo.app.binarycookies"}, {"com.foo.apple"}},
+        {"WebKit", "Datos web", {"com.foo.app"}, {"com.foo.app.x"}},
+        {"Cookies", "Cookies", {"com.foo.app.binarycookies", "com.foo.apple.binarycookies"}, {"com.foo.app.cookies"}},
+        {"Application Scripts", "Scripts", {"com.foo.app"}, {"Pintor"}},
+        {"LaunchAgents", "Inicio automático", {"com.foo.app.updater.plist", "com.foo.apple.plist"}, {"pintor.plist"}},
+        {"Containers", "Contenedor", {"com.foo.app"}, {}},
+        {"Group Containers", "Contenedor compartido", {"group.com.foo.app", "ABC123.com.foo.app"},
+         {"com.foo.app", "group.com.foo.app.x"}},
+        {"", "", {}, {"Pintor"}},
     };
     std::map<std::string, std::string> esperado;
-    for (const auto& f : filas) {
-        casa.archivo(std::string(f.ruta) + "/datos", 8192);
-        if (f.detalle)
-            esperado[f.ruta] = f.detalle;
+    std::vector<fs::path> orden;
+    for (const Fila& f : filas) {
+        const fs::path carpeta = fs::path("Library") / f.carpeta;
+        for (const char* n : f.ajenas)
+            casa.archivo((carpeta / n / "datos").string(), 8192);
+        for (const char* n : f.delApp)
+            esperado[casa.archivo((carpeta / n).string(), 8192).lexically_relative(casa.raiz())] = f.detalle;
+        if (!f.delApp.empty())
+            orden.push_back(casa.ruta(carpeta.string()));
     }
-    const auto es = Desinstalador(casa.entorno()).restos(pintor());
+    AppInstalada app = pintor();
+    const auto es = Desinstalador(casa.entorno()).restos(app);
     EXPECT_EQ(hallados(casa, es), esperado);
     EXPECT_EQ(es.size(), esperado.size()) << "ninguna ruta dos veces";
-
+    std::vector<fs::path> carpetas;
     for (const auto& e : es) {
         EXPECT_EQ(e.nombre, "~/" + e.url.lexically_relative(casa.raiz()).string());
         EXPECT_EQ(e.tamano, apoyo::du(e.url));
         EXPECT_TRUE(e.seleccionado);
-        EXPECT_FALSE(e.enUso || e.nombreUso || e.accion || e.revisarUso);
-        EXPECT_TRUE(e.extra.empty() && e.bundles.empty());
+        if (carpetas.empty() || carpetas.back() != e.url.parent_path())
+            carpetas.push_back(e.url.parent_path());
     }
-    // Folders in the fixed order, whatever the listing order within one.
-    std::vector<std::string> carpetas;
-    for (const auto& e : es)
-        if (carpetas.empty() || carpetas.back() != e.url.parent_path().string())
-            carpetas.push_back(e.url.parent_path().string());
-    const std::vector<std::string> orden{"Application Support", "Caches", "Logs", "Preferences", "ByHost",
-                                         "Saved Application State", "HTTPStorages", "WebKit", "Cookies",
-                                         "Application Scripts", "LaunchAgents", "Containers", "Group Containers"};
-    ASSERT_EQ(carpetas.size(), orden.size());
-    for (size_t i = 0; i < orden.size(); ++i)
-        EXPECT_EQ(fs::path(carpetas[i]).filename(), orden[i]);
-}
+    // The folders in their fixed order, whatever the listing order within one.
+    EXPECT_EQ(carpetas, orden);
 
-TEST(Restos, SinIdentificadorSoloPorNombre)
-{
-    CasaPrueba casa;
-    AppInstalada a = pintor();
-    EXPECT_TRUE(Desinstalador(casa.entorno()).restos(a).empty());
-    for (const char* r : {"Library/Application Support/Pintor", "Library/Cookies/x.binarycookies",
-                          "Library/LaunchAgents/agente.plist", "Library/Preferences/ByHost/.plist",
-                          "Library/Group Containers/group.", "Library/HTTPStorages/.x", "Library/Caches/app"})
-        casa.archivo(r, 4096);
-    a.bundleID = "";
-    const auto es = Desinstalador(casa.entorno()).restos(a);
-    EXPECT_EQ(hallados(casa, es), (std::map<std::string, std::string>{
-                                      {"Library/Application Support/Pintor", "Datos de la app"}}));
+    // Without an identifier only names find anything: an empty one would
+    // match every cookie and agent.
+    app.bundleID = "";
+    EXPECT_EQ(hallados(casa, Desinstalador(casa.entorno()).restos(app)),
+              (std::map<std::string, std::string>{{"Library/Application Support/PINTOR", "Datos de la app"},
+                                                  {"Library/Application Support/pintor pro", "Datos de la app"},
+                                                  {"Library/Logs/Pintor", "Registros"}}));
 }
 
 TEST(Restos, EnlacesSonEntradasYSeNombranPorSuDestino)
 {
     CasaPrueba casa;
+    CasaPrueba fuera;
     casa.archivo("Datos/pintor-real/grande", 400 * 1024);
     casa.enlace("Library/Application Support/Pintor", casa.ruta("Datos/pintor-real"));
-    const fs::path fuera = apoyo::carpetaTemporal("vorlano-fuera");
-    casa.enlace("Library/Caches/com.foo.app", fuera);
+    casa.enlace("Library/Caches/com.foo.app", fuera.raiz());
     casa.enlace("Library/Logs/Pintor", casa.ruta("no/existe"));
-
     const auto es = Desinstalador(casa.entorno()).restos(pintor());
-    apoyo::borrarArbol(fuera);
     ASSERT_EQ(es.size(), 3u);
-    EXPECT_EQ(es[0].url, casa.ruta("Library/Application Support/Pintor"));
-    EXPECT_EQ(es[0].nombre, "~/Datos/pintor-real");
     // The link is measured, not what it points at.
     EXPECT_EQ(es[0].tamano, apoyo::asignado(es[0].url));
-    EXPECT_LT(es[0].tamano, 400 * 1024);
-    // Resolved outside the home folder: the path as it stands, absolute.
-    EXPECT_EQ(es[1].nombre, "~/" + casa.ruta("Library/Caches/com.foo.app").string());
-    // A dangling link keeps its own name.
+    // Named by its target below the home; resolved outside it, by the path as
+    // it stands; dangling, by its own name.
+    EXPECT_EQ(es[0].nombre, "~/Datos/pintor-real");
+    EXPECT_EQ(es[1].nombre, "~/" + es[1].url.string());
     EXPECT_EQ(es[2].nombre, "~/Library/Logs/Pintor");
     // A home folder reached through a link: names are still below it.
     const fs::path enlace = casa.enlace("casa", casa.raiz());
@@ -157,15 +117,14 @@ TEST(Restos, CarpetaIlegibleNoImpideLasDemas)
 {
     CasaPrueba casa;
     casa.archivo("Library/Caches/Pintor/x", 4096);
-    casa.archivo("Library/Containers/com.foo.app/x", 4096);
     casa.archivo("Library/WebKit/com.foo.app/x", 4096);
+    casa.archivo("Library/Containers/com.foo.app/x", 4096);
     casa.sinPermisos("Library/Caches");
     casa.sinPermisos("Library/WebKit/com.foo.app");
+    // The unreadable folder gives nothing; an unreadable match is still offered.
     EXPECT_TRUE(apoyo::comoUsuarioSinPrivilegios(casa.raiz(), [&] {
         const auto es = Desinstalador(casa.entorno()).restos(pintor());
-        // The unreadable folder gives nothing; an unreadable match is still
-        // offered, at the size of its own entry.
-        return es.size() == 2 && es[0].url.filename() == "com.foo.app" &&
-               es[0].url.parent_path().filename() == "WebKit" && es[1].url.parent_path().filename() == "Containers";
+        return es.size() == 2 && es[0].url == casa.ruta("Library/WebKit/com.foo.app") &&
+               es[1].url == casa.ruta("Library/Containers/com.foo.app");
     }));
 }
