@@ -1,22 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Small builders for the cleaning tests, and what the standard Trash reader
-// makes of our Trash.
+// What the cleaning tests share: selected items, a folder outside the home
+// that must never lose a byte, and a cleaning run that keeps its messages.
 
-#include "apoyo/proceso.h"
-#include "nucleo/modelo.h"
+#include "apoyo/casa.h"
+#include "limpieza/limpiador.h"
 
-#include <algorithm>
-#include <filesystem>
-#include <string>
-#include <vector>
+#include <gtest/gtest.h>
+
+#include <fstream>
 
 namespace prueba {
 
 namespace fs = std::filesystem;
+using apoyo::CasaPrueba;
 
-// A selected item.
 inline Elemento elemento(const fs::path& ruta, std::string nombre, int64_t tamano = 0)
 {
     Elemento e;
@@ -29,28 +28,7 @@ inline Elemento elemento(const fs::path& ruta, std::string nombre, int64_t taman
 
 inline Categoria categoria(Modo modo, std::vector<Elemento> elementos)
 {
-    Categoria c;
-    c.id = modo == Modo::borrar ? "apps" : "compilaciones";
-    c.modo = modo;
-    c.elementos = std::move(elementos);
-    return c;
-}
-
-// The original paths that trash-list (trash-cli) shows for the Trash under
-// the data home this process uses.
-inline std::vector<std::string> rutasEnPapelera()
-{
-    const apoyo::Salida s = apoyo::ejecutarPrograma("/usr/bin/trash-list", {});
-    std::vector<std::string> rutas;
-    size_t i = 0;
-    while (i < s.salida.size()) {
-        const size_t fin = std::min(s.salida.find('\n', i), s.salida.size());
-        // "2024-06-11 10:20:30 /the/original/path"
-        if (fin - i > 20)
-            rutas.push_back(s.salida.substr(i + 20, fin - i - 20));
-        i = fin + 1;
-    }
-    return rutas;
+    return Categoria{.modo = modo, .elementos = std::move(elementos)};
 }
 
 inline bool existe(const fs::path& p)
@@ -58,9 +36,36 @@ inline bool existe(const fs::path& p)
     return fs::exists(fs::symlink_status(p));
 }
 
-inline bool contiene(const std::vector<std::string>& lista, const std::string& s)
+inline bool vacia(const fs::path& carpeta)
 {
-    return std::find(lista.begin(), lista.end(), s) != lista.end();
+    return fs::is_directory(fs::symlink_status(carpeta)) && fs::is_empty(carpeta);
 }
+
+// dato, sub/hondo and victima/dato, outside every scratch home.
+struct Fuera {
+    fs::path raiz = apoyo::carpetaTemporal("vorlano-fuera");
+    std::map<std::string, std::string> antes;
+    Fuera()
+    {
+        fs::create_directories(raiz / "sub");
+        fs::create_directories(raiz / "victima");
+        std::ofstream(raiz / "dato") << "no se toca";
+        std::ofstream(raiz / "sub/hondo") << "hondo";
+        std::ofstream(raiz / "victima/dato") << "tampoco";
+        antes = apoyo::huellas(raiz);
+    }
+    ~Fuera() { apoyo::borrarArbol(raiz); }
+    bool intacto() const { return apoyo::huellas(raiz) == antes; }
+};
+
+inline Resultado limpiar(const Entorno& entorno, std::vector<Categoria> cs, std::vector<std::string>* avisos = nullptr)
+{
+    return Limpiador(entorno).limpiar(std::move(cs), [&](const std::string& t) {
+        if (avisos)
+            avisos->push_back(t);
+    });
+}
+
+using Lineas = std::vector<std::string>;
 
 } // namespace prueba

@@ -21,12 +21,8 @@ TEST(Calendario, LocaleDeLasFechasSegunLaCategoriaDeHoras)
         {nullptr, nullptr, nullptr, "en_US_POSIX"},
     };
     for (const Caso& c : casos) {
-        for (auto [variable, valor] : {std::pair{"LC_ALL", c.lcAll}, {"LC_TIME", c.lcTime}, {"LANG", c.lang}}) {
-            if (valor)
-                ::setenv(variable, valor, 1);
-            else
-                ::unsetenv(variable);
-        }
+        for (auto [variable, valor] : {std::pair{"LC_ALL", c.lcAll}, {"LC_TIME", c.lcTime}, {"LANG", c.lang}})
+            valor ? ::setenv(variable, valor, 1) : ::unsetenv(variable);
         EXPECT_EQ(plataforma::localeDeFechas(), c.esperado) << c.esperado;
     }
 }
