@@ -4,6 +4,7 @@
 // thousands of times, never lead the removal into the canary.
 #include "limpieza/comun.h"
 
+#include "apoyo/proceso.h"
 #include "plataforma/borrado.h"
 
 #include <unistd.h>
@@ -50,13 +51,12 @@ TEST(Carrera, HiloQueCambiaCarpetasPorEnlacesMilesDeVeces)
     // Thousands of small trees: in memory where a tmpfs allows it. The canary
     // shares the home's mount, so that only the refusal to follow links keeps
     // the removal out of it.
-    const char* tmp = std::getenv("TMPDIR");
-    const std::string antes = tmp ? tmp : "";
+    std::optional<apoyo::Variable> enMemoria;
     if (::access("/dev/shm", W_OK) == 0)
-        ::setenv("TMPDIR", "/dev/shm", 1);
+        enMemoria.emplace("TMPDIR", "/dev/shm");
     Fuera canario;
     CasaPrueba casa;
-    tmp ? ::setenv("TMPDIR", antes.c_str(), 1) : ::unsetenv("TMPDIR");
+    enMemoria.reset();
     const fs::path app = casa.ruta("Library/Caches/app");
     // Widens the window between listing an entry and removing it.
     plataforma::pruebas::pausaTrasListar = esperar;

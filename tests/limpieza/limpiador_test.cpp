@@ -3,13 +3,10 @@
 // and the message for each item that is spared.
 #include "limpieza/comun.h"
 
-#include "apoyo/proceso.h"
 #include "escaner/medicion.h"
-#include "nucleo/textos.h"
 #include "plataforma/papelera.h"
 
 #include <cstring>
-#include <set>
 
 using namespace prueba;
 
@@ -93,6 +90,7 @@ TEST(Limpiador, RutasRechazadasYEnlacesNoSeTocan)
 
 TEST(Limpiador, PapeleraGuardaCadaElementoBajoSuRutaOriginal)
 {
+    apoyo::borrarArbol(plataforma::carpetaPapelera());
     CasaPrueba casa;
     Fuera fuera;
     const fs::path dist = casa.archivo("Projects/web/dist/app.js", 20000).parent_path();
@@ -117,17 +115,17 @@ TEST(Limpiador, PapeleraGuardaCadaElementoBajoSuRutaOriginal)
     EXPECT_EQ(r.borrado, 0);
     EXPECT_TRUE(existe(c));
     EXPECT_TRUE(fuera.intacto());
-    // The standard reader lists each under its original path.
-    const std::string lista = apoyo::ejecutarPrograma("/usr/bin/trash-list", {}).salida;
+    // Each is there whole, under its original path byte for byte; the link as a link.
+    const fs::path papelera = plataforma::carpetaPapelera();
+    const auto enPapelera = apoyo::papelera(papelera.parent_path());
+    EXPECT_EQ(enPapelera.size(), 6u);
     for (const fs::path& p : {dist, enlace, informe, uno, dos, a}) {
         EXPECT_FALSE(existe(p)) << p;
-        EXPECT_NE(lista.find(" " + textoVisible(p.string()) + "\n"), std::string::npos) << p << "\n" << lista;
+        EXPECT_TRUE(enPapelera.contains(p)) << p;
     }
-    std::multiset<std::string> builds;
-    for (const auto& e : fs::directory_iterator(plataforma::carpetaPapelera() / "files"))
-        if (fs::exists(e.path() / "salida"))
-            builds.insert(apoyo::leer(e.path() / "salida"));
-    EXPECT_EQ(builds, (std::multiset<std::string>{"dos", "uno"}));
+    EXPECT_EQ(apoyo::leer(papelera / "files" / enPapelera.at(uno) / "salida"), "uno");
+    EXPECT_EQ(apoyo::leer(papelera / "files" / enPapelera.at(dos) / "salida"), "dos");
+    EXPECT_TRUE(fs::is_symlink(papelera / "files" / enPapelera.at(enlace)));
 }
 
 TEST(Limpiador, Acciones)
