@@ -18,12 +18,7 @@ using apoyo::CasaPrueba;
 
 inline Elemento elemento(const fs::path& ruta, std::string nombre, int64_t tamano = 0)
 {
-    Elemento e;
-    e.url = ruta;
-    e.nombre = std::move(nombre);
-    e.tamano = tamano;
-    e.seleccionado = true;
-    return e;
+    return Elemento{.url = ruta, .nombre = std::move(nombre), .tamano = tamano, .seleccionado = true};
 }
 
 inline Categoria categoria(Modo modo, std::vector<Elemento> elementos)
