@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Micro-benchmarks of the measuring pass: one fts walk against the same tree
+// Micro-benchmarks of the measuring pass: one walk against the same tree
 // split one level down over the parallel loop.
 //   medicion-bench [--benchmark_...]   (tree: $VORLANO_BENCH_ARBOL, or a
 //   20,000-file tree generated once under /tmp)

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "escaner/medicion.h"
 
+#include "nucleo/arbol.h"
 #include "nucleo/paralelo.h"
 
 #include <dirent.h>
-#include <fts.h>
 #include <sys/stat.h>
 
 #include <cstring>
@@ -17,25 +17,14 @@ static constexpr int64_t unidadBloque = 512;
 
 int64_t tamanoEnDisco(const fs::path& ruta)
 {
-    char* raiz[] = {const_cast<char*>(ruta.c_str()), nullptr};
-    FTS* fts = ::fts_open(raiz, FTS_PHYSICAL | FTS_NOCHDIR | FTS_XDEV, nullptr);
-    if (fts == nullptr)
-        return 0;
     int64_t suma = 0;
-    while (const FTSENT* e = ::fts_read(fts)) {
-        switch (e->fts_info) {
-        case FTS_DP: // each directory counts once, on the way in
-        case FTS_DNR:
-        case FTS_ERR:
-        case FTS_NS:
-        case FTS_NSOK:
-            continue;
-        default:
-            if (e->fts_statp != nullptr)
-                suma += int64_t(e->fts_statp->st_blocks) * unidadBloque;
-        }
-    }
-    ::fts_close(fts);
+    recorrerArbol(ruta, [&](const EntradaArbol& e) {
+        // A folder counts once, on the way in; one that can't be read still
+        // has its own blocks, as du counts them.
+        if (e.tipo != TipoEntrada::finCarpeta && e.tipo != TipoEntrada::ilegible)
+            suma += int64_t(e.st.st_blocks) * unidadBloque;
+        return Paso::seguir;
+    });
     return suma;
 }
 

@@ -9,8 +9,10 @@
 #include <functional>
 #include <vector>
 
-// Allocated bytes of the whole tree under the path; 0 if it can't be walked.
-// A file reached twice through hard links counts twice.
+// Allocated bytes of the entry and the whole tree under it; 0 if it can't be
+// statted. A folder that can't be read counts its own blocks, as du does; an
+// entry that can't be statted counts nothing. A file reached twice through
+// hard links counts twice.
 int64_t tamanoEnDisco(const std::filesystem::path& ruta);
 
 // Allocated bytes of the entry itself, nothing below it.

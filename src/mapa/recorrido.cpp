@@ -2,9 +2,7 @@
 #include "mapa/recorrido.h"
 
 #include "mapa/medidor.h"
-
-#include <fts.h>
-#include <sys/stat.h>
+#include "nucleo/arbol.h"
 
 #include <algorithm>
 
@@ -13,11 +11,6 @@ namespace {
 // Cancellation takes a lock, so it is asked once per this many entries.
 constexpr uint64_t entradasPorConsulta = 4096;
 
-int64_t bytes(const FTSENT* e)
-{
-    return e->fts_statp != nullptr ? int64_t(e->fts_statp->st_blocks) * 512 : 0;
-}
-
 // The folders open on the walk's current path. A folder becomes a node only
 // when it closes at a million bytes or more, so small folders (and small
 // files) cost no allocation and no text; the frames are reused.
@@ -25,28 +18,19 @@ class Pila {
 public:
     explicit Pila(std::shared_ptr<NodoDisco> t) : tarea(std::move(t)) {}
 
-    bool vacia() const { return alto == 0; }
-
-    void abrir(short nivel, int64_t propios)
+    void abrir(int64_t propios)
     {
         if (alto == marcos.size())
             marcos.emplace_back();
         Marco& m = marcos[alto++];
-        m.nivel = nivel;
         m.tamano = propios;
         m.resto = 0;
         m.hijos.clear();
     }
 
-    // Every folder of the entry's level or deeper has ended. A folder that
-    // fts hands back itself (FTS_DP, or FTS_DNR/FTS_ERR after its FTS_D)
-    // closes by name and may keep a node; any other is folded as a number.
-    void cerrarHasta(const FTSENT* e)
-    {
-        const bool fin = e->fts_info == FTS_DP || e->fts_info == FTS_DNR || e->fts_info == FTS_ERR;
-        while (alto > 0 && marcos[alto - 1].nivel >= e->fts_level)
-            cerrarTope(fin && marcos[alto - 1].nivel == e->fts_level ? e : nullptr);
-    }
+    // The top frame's folder has ended (e is its end): it keeps a node if
+    // large enough.
+    void terminar(const EntradaArbol& e) { cerrarTope(&e); }
 
     // A walk that stops early folds its open folders, so the bytes seen still
     // reach the task's node.
@@ -56,7 +40,7 @@ public:
             cerrarTope(nullptr);
     }
 
-    void sumarArchivo(const FTSENT* e, int64_t b)
+    void sumarArchivo(const EntradaArbol& e, int64_t b)
     {
         Marco& p = marcos[alto - 1];
         p.tamano += b;
@@ -64,15 +48,13 @@ public:
             p.resto += b;
             return;
         }
-        auto nodo = std::make_shared<NodoDisco>(std::string(e->fts_name, e->fts_namelen),
-                                                std::string(e->fts_path, e->fts_pathlen), false);
+        auto nodo = std::make_shared<NodoDisco>(std::string(e.nombre), std::string(e.ruta), false);
         nodo->tamano = b;
         p.hijos.push_back(std::move(nodo));
     }
 
 private:
     struct Marco {
-        short nivel = 0;
         int64_t tamano = 0;
         int64_t resto = 0;
         // Children that kept a node; their padre is set when this folder
@@ -91,8 +73,9 @@ private:
             h->padre = nodo;
     }
 
-    // e is the folder's own entry, or null when its name isn't at hand.
-    void cerrarTope(const FTSENT* e)
+    // e is the folder's end, or null when the walk stopped inside it: then
+    // it is folded into its parent as a number.
+    void cerrarTope(const EntradaArbol* e)
     {
         Marco& m = marcos[--alto];
         if (alto == 0) {
@@ -106,8 +89,7 @@ private:
             m.hijos.clear();
             return;
         }
-        auto nodo = std::make_shared<NodoDisco>(std::string(e->fts_name, e->fts_namelen),
-                                                std::string(e->fts_path, e->fts_pathlen), true);
+        auto nodo = std::make_shared<NodoDisco>(std::string(e->nombre), std::string(e->ruta), true);
         adoptar(nodo, m);
         p.hijos.push_back(std::move(nodo));
     }
@@ -143,47 +125,38 @@ void cerrar(NodoDisco& nodo)
     nodo.hijos.resize(MedidorMapa::maxHijos);
 }
 
-// Unreadable folders: fts gives FTS_D and then FTS_DNR for the same entry, with
-// no FTS_DP. The DNR closes the folder as a DP would, so its own blocks (all
-// that could be seen of it) reach its ancestors. A folder skipped with
-// FTS_SKIP comes back as FTS_DP without having been pushed; the level test of
-// cerrarHasta ignores it.
+// Every folder the walk opens a frame for ends exactly once (finCarpeta, or
+// ilegible when it couldn't be opened, with its own blocks as all that was
+// seen), and the end closes its frame; pruned protected places get no frame
+// and no end. The first entry is the task's own.
 void medirTarea(const std::shared_ptr<NodoDisco>& t, const Protegidas& protegidas, ListaSegura& vistas,
                 const std::function<bool()>& cancelado)
 {
-    char* raices[] = {const_cast<char*>(t->ruta.c_str()), nullptr};
-    FTS* fts = ::fts_open(raices, FTS_PHYSICAL | FTS_NOCHDIR | FTS_XDEV, nullptr);
-    if (fts == nullptr)
-        return;
     Pila pila(t);
     uint64_t leidas = 0;
-    while (FTSENT* e = ::fts_read(fts)) {
+    recorrerArbol(t->ruta, [&](const EntradaArbol& e) {
         if (++leidas % entradasPorConsulta == 0 && cancelado && cancelado())
-            break;
-        pila.cerrarHasta(e);
-        const int64_t b = bytes(e);
-        switch (e->fts_info) {
-        case FTS_D:
-            if (e->fts_level > 0 && protegidas.contiene(std::string_view(e->fts_path, e->fts_pathlen))) {
-                vistas.agregar(std::string(e->fts_name, e->fts_namelen));
-                ::fts_set(fts, e, FTS_SKIP);
-            } else {
-                pila.abrir(e->fts_level, b);
+            return Paso::parar;
+        const int64_t b = int64_t(e.st.st_blocks) * 512;
+        switch (e.tipo) {
+        case TipoEntrada::carpeta:
+            if (e.nivel > 0 && protegidas.contiene(e.ruta)) {
+                vistas.agregar(std::string(e.nombre));
+                return Paso::podar;
             }
+            pila.abrir(b);
             break;
-        case FTS_F:
-        case FTS_SL:
-        case FTS_SLNONE:
-        case FTS_DEFAULT:
-            if (e->fts_level == 0)
-                t->tamano = b;
-            else if (!pila.vacia())
-                pila.sumarArchivo(e, b);
+        case TipoEntrada::finCarpeta:
+        case TipoEntrada::ilegible:
+            pila.terminar(e);
             break;
         default:
-            break;
+            if (e.nivel == 0)
+                t->tamano = b;
+            else
+                pila.sumarArchivo(e, b);
         }
-    }
+        return Paso::seguir;
+    });
     pila.plegarTodo();
-    ::fts_close(fts);
 }

@@ -26,7 +26,8 @@ std::vector<AppAbierta> appsAbiertas();
 
 // The .app bundles in a folder of applications, in walk order: bundles up to
 // four levels below it (a vendor's subfolders), hidden entries skipped, no
-// package entered, links not followed. A folder that can't be read gives none.
+// package entered, links not followed, no other file system entered. A folder
+// that can't be read gives none.
 std::vector<std::filesystem::path> bundlesDeApps(const std::filesystem::path& raiz);
 
 // The applications installed anywhere on this machine, whatever folder a scan

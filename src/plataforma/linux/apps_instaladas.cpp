@@ -3,13 +3,12 @@
 // desktop entries and Flatpak applications.
 #include "plataforma/apps.h"
 
+#include "nucleo/arbol.h"
 #include "nucleo/plist.h"
 #include "nucleo/textos.h"
 #include "plataforma/archivos.h"
 #include "plataforma/linux/xdg.h"
 #include "plataforma/sistema.h"
-
-#include <fts.h>
 
 #include <cstdlib>
 
@@ -20,29 +19,17 @@ namespace plataforma {
 std::vector<fs::path> bundlesDeApps(const fs::path& raiz)
 {
     std::vector<fs::path> r;
-    char* raices[] = {const_cast<char*>(raiz.c_str()), nullptr};
-    FTS* fts = ::fts_open(raices, FTS_PHYSICAL | FTS_NOCHDIR, nullptr);
-    if (fts == nullptr)
-        return r;
-    while (FTSENT* e = ::fts_read(fts)) {
-        if (e->fts_level == 0 || e->fts_info == FTS_DP)
-            continue;
-        const bool carpeta = e->fts_info == FTS_D;
-        if (e->fts_name[0] == '.') {
-            if (carpeta)
-                ::fts_set(fts, e, FTS_SKIP);
-            continue;
+    recorrerArbol(raiz, [&](const EntradaArbol& e) {
+        if (e.nivel == 0 || e.tipo == TipoEntrada::finCarpeta || e.tipo == TipoEntrada::ilegible)
+            return Paso::seguir;
+        if (e.nombre.starts_with('.'))
+            return Paso::podar;
+        if (e.ruta.ends_with(".app")) {
+            r.emplace_back(e.ruta);
+            return Paso::podar;
         }
-        const std::string_view ruta(e->fts_path, e->fts_pathlen);
-        if (ruta.ends_with(".app")) {
-            r.emplace_back(ruta);
-            if (carpeta)
-                ::fts_set(fts, e, FTS_SKIP);
-        } else if (carpeta && (e->fts_level >= 4 || esPaquete(e->fts_path))) {
-            ::fts_set(fts, e, FTS_SKIP);
-        }
-    }
-    ::fts_close(fts);
+        return e.tipo == TipoEntrada::carpeta && (e.nivel >= 4 || esPaquete(e.ruta.data())) ? Paso::podar : Paso::seguir;
+    });
     return r;
 }
 
