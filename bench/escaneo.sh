@@ -4,7 +4,8 @@
 # home whose files lie mostly under Library/Caches and Library/Logs.
 #   bench/escaneo.sh [archivos (1000000)] [rondas (5)]
 # Warm cache: one untimed run of each first. Runs alternate so both see the
-# same machine. Prints both medians, the ratio and both peak memories.
+# same machine. Prints both medians of elapsed and of CPU time (user + system),
+# the ratios and both peak memories.
 set -euo pipefail
 source "$(dirname "$0")/comun.sh"
 
@@ -28,5 +29,8 @@ done
 read -r t_du m_du <<<"$(resumen du)"
 read -r t_v m_v <<<"$(resumen vorlano)"
 echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
-printf "%-26s %8s s   pico %7s MB\n" "du -s Library" "$t_du" "$m_du" "vorlano --scan" "$t_v" "$m_v"
-awk -v a="$t_v" -v b="$t_du" 'BEGIN { printf "razón vorlano / du: %.2f (objetivo <= 0.70)\n", a / b }'
+c_du="$(cpu du)" c_v="$(cpu vorlano)"
+printf "%-26s %8s s   cpu %7s s   pico %7s MB\n" "du -s Library" "$t_du" "$c_du" "$m_du" \
+  "vorlano --scan" "$t_v" "$c_v" "$m_v"
+awk -v a="$t_v" -v b="$t_du" -v ca="$c_v" -v cb="$c_du" \
+  'BEGIN { printf "razón vorlano / du: %.2f, en cpu %.2f (objetivo <= 0.70)\n", a / b, ca / cb }'

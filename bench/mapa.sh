@@ -5,8 +5,9 @@
 # `ncdu -o /dev/null` (scan and export, no screen).
 #   bench/mapa.sh [archivos... (100000 1000000)] [--rondas N (5)]
 # Warm cache: one untimed run of each first. Runs alternate so all see the
-# same machine. Prints medians, ratios to du and peak memory per home, then how
-# much vorlano's peak grew from the smallest home to the largest.
+# same machine. Prints medians of elapsed and CPU time, ratios to du and peak
+# memory per home, then how much vorlano's peak grew from the smallest home to
+# the largest.
 set -euo pipefail
 source "$(dirname "$0")/comun.sh"
 
@@ -58,8 +59,8 @@ for archivos in "${tamanos[@]}"; do
   echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
   for nombre in du gdu ncdu vorlano; do
     read -r t m <<<"$(resumen "$nombre")"
-    awk -v n="$nombre" -v t="$t" -v m="$m" -v d="$t_du" \
-      'BEGIN { printf "  %-8s %8s s   %5.2f x du   pico %7s MB\n", n, t, t / d, m }'
+    awk -v n="$nombre" -v t="$t" -v m="$m" -v d="$t_du" -v c="$(cpu "$nombre")" \
+      'BEGIN { printf "  %-8s %8s s   %5.2f x du   cpu %7s s   pico %7s MB\n", n, t, t / d, c, m }'
     if [ "$nombre" = vorlano ]; then picos+=("$m"); fi
   done
   read -r t_v _ <<<"$(resumen vorlano)"
