@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "nucleo/arbol.h"
 
-#include <dirent.h>
+#include "plataforma/carpetas.h"
+
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace {
 
@@ -46,42 +49,41 @@ private:
         if (st.st_dev == dispositivo_) {
             // O_NOFOLLOW: a folder swapped for a link since the stat is not entered.
             const int fd = ::openat(dir, nombre, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-            DIR* d = fd >= 0 ? ::fdopendir(fd) : nullptr;
-            if (d == nullptr) {
-                if (fd >= 0)
-                    ::close(fd);
+            if (fd < 0)
                 fin = TipoEntrada::ilegible;
-            } else if (!entrar(d, nivel + 1)) {
+            else if (!entrar(fd, nivel + 1))
                 return false;
-            }
         }
         return informar(fin, nivel, barra, st) != Paso::parar;
     }
 
-    // Reports what the open folder holds and closes it; ruta_ is the folder's
-    // path before and after. False once the walk stops.
-    bool entrar(DIR* d, int nivel)
+    // Reports what the folder open as `fd` holds and closes it; ruta_ is the
+    // folder's path before and after. False once the walk stops.
+    bool entrar(int fd, int nivel)
     {
+        // One listing buffer per level, kept for the whole walk.
+        if (buffers_.size() < size_t(nivel))
+            buffers_.push_back(std::make_unique_for_overwrite<char[]>(plataforma::ListadoCarpeta::tamanoBuffer));
+        plataforma::ListadoCarpeta listado(fd, {buffers_[nivel - 1].get(), plataforma::ListadoCarpeta::tamanoBuffer});
         const size_t largo = ruta_.size();
         // Below "/" the children are "/name": the folder's "/" is theirs.
         const size_t base = largo == 1 && ruta_[0] == '/' ? 0 : largo;
         bool sigue = true;
         while (sigue) {
-            const dirent* e = ::readdir(d);
-            if (e == nullptr)
+            const char* n = listado.siguiente();
+            if (n == nullptr)
                 break;
-            const char* n = e->d_name;
             if (n[0] == '.' && (n[1] == '\0' || (n[1] == '.' && n[2] == '\0')))
                 continue;
             struct stat st;
-            if (::fstatat(::dirfd(d), n, &st, AT_SYMLINK_NOFOLLOW) != 0)
+            if (::fstatat(fd, n, &st, AT_SYMLINK_NOFOLLOW) != 0)
                 continue;
             ruta_.resize(base);
             ruta_ += '/';
             ruta_ += n;
-            sigue = ver(::dirfd(d), n, nivel, base, st);
+            sigue = ver(fd, n, nivel, base, st);
         }
-        ::closedir(d);
+        ::close(fd);
         ruta_.resize(largo);
         return sigue;
     }
@@ -97,6 +99,7 @@ private:
     const VisitaArbol& visitar_;
     dev_t dispositivo_ = 0;
     std::string ruta_;
+    std::vector<std::unique_ptr<char[]>> buffers_;
 };
 
 } // namespace

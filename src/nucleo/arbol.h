@@ -56,6 +56,6 @@ using VisitaArbol = std::function<Paso(const EntradaArbol&)>;
 // device than the root is reported and, unless pruned, ends at once, unopened.
 // An entry that can't be statted, the root included, is passed over. One
 // descriptor stays open per level, so a folder deeper than the descriptor
-// limit comes as `ilegible`. Nothing is allocated per entry once the path
-// buffer has grown to the deepest path.
+// limit comes as `ilegible`. Nothing is allocated per entry or per folder
+// once the path buffer and a listing buffer per level exist.
 void recorrerArbol(const std::filesystem::path& raiz, const VisitaArbol& visitar);

@@ -52,7 +52,8 @@ std::multiset<std::string> segunFind(const fs::path& raiz)
 } // namespace
 
 // Each entry once, of its kind and level, with views and stat that agree with
-// the file system; each folder ends once, after all it holds.
+// the file system, however long the folder; each folder ends once, after all
+// it holds.
 TEST(Arbol, CadaEntradaComoFindYCadaCarpetaTerminaTrasLoQueContiene)
 {
     CasaPrueba casa;
@@ -66,6 +67,7 @@ TEST(Arbol, CadaEntradaComoFindYCadaCarpetaTerminaTrasLoQueContiene)
     casa.enlace("a/roto", casa.ruta("no-existe"));
     casa.enlaceDuro("a/b/duro", "a/e.bin");
     ASSERT_EQ(::mkfifo(casa.ruta("a/b/tuberia").c_str(), 0644), 0);
+    casa.muchos("a/ancha", 3000, 0); // more than one read of the listing
 
     std::vector<std::string> orden;
     std::multiset<std::string> entradas;
