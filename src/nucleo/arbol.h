@@ -37,8 +37,9 @@ struct EntradaArbol {
     int nivel;
     // What follows the path's last "/".
     std::string_view nombre;
-    // The root as given less trailing "/", then that path, "/" and the names
-    // below it. ruta.data() is NUL-terminated at ruta.size().
+    // The root's path as given less trailing "/" ("/" stays); below it, the
+    // folder's path, "/" and the name ("/name" below "/"). ruta.data() is
+    // NUL-terminated at ruta.size().
     std::string_view ruta;
     // What precedes the path's last "/": the path of the folder that holds it.
     std::string_view padre;
@@ -54,8 +55,9 @@ using VisitaArbol = std::function<Paso(const EntradaArbol&)>;
 // its kind; entries follow their folders' listing order. Links are never
 // followed (a root that is a link is reported as a link). A folder on another
 // device than the root is reported and, unless pruned, ends at once, unopened.
-// An entry that can't be statted, the root included, is passed over. One
-// descriptor stays open per level, so a folder deeper than the descriptor
-// limit comes as `ilegible`. Nothing is allocated per entry or per folder
-// once the path buffer and a listing buffer per level exist.
+// An entry that can't be statted, the root included, is passed over; a
+// listing that fails midway ends its folder there. One descriptor stays open
+// per level, so a folder deeper than the descriptor limit comes as
+// `ilegible`. Nothing is allocated per entry or per folder once the path
+// buffer and a listing buffer per level exist.
 void recorrerArbol(const std::filesystem::path& raiz, const VisitaArbol& visitar);

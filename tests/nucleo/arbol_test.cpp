@@ -9,6 +9,7 @@
 #include <sys/stat.h>
 
 #include <map>
+#include <set>
 #include <sstream>
 
 using apoyo::CasaPrueba;
@@ -27,8 +28,7 @@ std::string linea(const EntradaArbol& e)
 }
 
 // Every report of a walk, in order; `paso` decides what follows each.
-std::vector<std::string> recorrer(const fs::path& raiz,
-                                  const std::function<Paso(const EntradaArbol&)>& paso = {})
+std::vector<std::string> recorrer(const fs::path& raiz, const VisitaArbol& paso = {})
 {
     std::vector<std::string> r;
     recorrerArbol(raiz, [&](const EntradaArbol& e) {
