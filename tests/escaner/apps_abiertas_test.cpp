@@ -2,6 +2,7 @@
 #include "escaner/apps_abiertas.h"
 
 #include "apoyo/casa.h"
+#include "apoyo/proceso.h"
 #include "plataforma/apps.h"
 
 #include <gtest/gtest.h>
@@ -10,18 +11,7 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
-#include <cstdlib>
-
 namespace {
-
-AppsAbiertas con(std::initializer_list<std::pair<const char*, const char*>> apps)
-{
-    AppsAbiertas a;
-    for (const auto& [bundle, nombre] : apps)
-        a.apps.push_back(AppsAbiertas::describir(bundle, nombre ? std::optional<std::string_view>(nombre)
-                                                                : std::nullopt));
-    return a;
-}
 
 // A real program running from a path of our choosing: a copy of sleep.
 class Programa {
@@ -33,8 +23,9 @@ public:
         char* argv[] = {const_cast<char*>(ejecutable.c_str()), const_cast<char*>("30"), nullptr};
         ::posix_spawn(&pid_, ejecutable.c_str(), nullptr, nullptr, argv, environ);
         // Wait until the exec has happened, so /proc shows the new program.
-        for (int i = 0; i < 200 && std::filesystem::read_symlink("/proc/" + std::to_string(pid_) + "/exe",
-                                                                 error_) != ejecutable;
+        std::error_code error;
+        for (int i = 0; i < 200 && std::filesystem::read_symlink("/proc/" + std::to_string(pid_) + "/exe", error) !=
+                                       ejecutable;
              ++i)
             ::usleep(5000);
     }
@@ -46,96 +37,61 @@ public:
 
 private:
     pid_t pid_ = -1;
-    std::error_code error_;
 };
 
 } // namespace
 
-TEST(AppsAbiertas, Claves)
+// An app is matched by its whole identifier, by the identifier and a point,
+// by owner, or by the first word of its name unless that word is too common;
+// the first app that matches wins.
+TEST(AppsAbiertas, QuienUsa)
 {
-    const auto a = con({{"Com.Ejemplo.Big", "Big Editor"},
-                        {"com.ejemplo.bigger", "Bigger Editor"},
-                        {"com.microsoft.VSCode", "VS Code"},
-                        {"org.espacios", "   Espacios  raros"},
-                        {"org.sin.nombre", nullptr}});
-    EXPECT_EQ(a.apps[0].bundle, "com.ejemplo.big");
-    EXPECT_EQ(a.apps[0].clave, "");
-    EXPECT_EQ(a.apps[1].clave, "bigger");
-    EXPECT_EQ(a.apps[2].clave, "");
+    AppsAbiertas a;
+    for (const auto& [bundle, nombre] : {std::pair{"com.ejemplo.bigger", "Bigger Editor"}, {"Com.Example.App", "Ejemplo"},
+                                         {"com.ejemplo.big", "Big Editor"}, {"org.espacios", "   Espacios  raros"}})
+        a.apps.push_back(AppsAbiertas::describir(bundle, nombre));
+    a.apps.push_back(AppsAbiertas::describir("org.sin.nombre", std::nullopt));
+    EXPECT_EQ(a.apps[2].clave, ""); // a first word under four characters is no key
     EXPECT_EQ(a.apps[3].clave, "espacios");
     EXPECT_EQ(a.apps[4].nombre, "org.sin.nombre");
-    EXPECT_EQ(a.apps[4].clave, "org.sin.nombre");
-}
-
-TEST(AppsAbiertas, QuienUsaPruebaAppPorApp)
-{
-    const auto a = con({{"com.ejemplo.bigger", "Bigger Editor"}, {"com.example.app", "Ejemplo"}});
-    EXPECT_EQ(a.quienUsa("My.Bigger.Cache", {}), "Bigger Editor");       // by the name's first word
-    EXPECT_EQ(a.quienUsa("COM.EXAMPLE.APP", {}), "Ejemplo");             // whole identifier, any case
-    EXPECT_EQ(a.quienUsa("com.example.app.helper", {}), "Ejemplo");      // identifier and a point
-    EXPECT_EQ(a.quienUsa("com.example.appx", {}), std::nullopt);         // the point is required
-    EXPECT_EQ(a.quienUsa("Cache", {"COM.example.app"}), "Ejemplo");      // by owner
-    // An earlier app matching loosely wins over a later exact owner.
+    EXPECT_EQ(a.quienUsa("My.Bigger.Cache", {}), "Bigger Editor");
+    EXPECT_EQ(a.quienUsa("COM.EXAMPLE.APP", {}), "Ejemplo");
+    EXPECT_EQ(a.quienUsa("com.example.app.helper", {}), "Ejemplo");
+    EXPECT_EQ(a.quienUsa("com.example.appx", {}), std::nullopt);
+    EXPECT_EQ(a.quienUsa("Cache", {"COM.example.app"}), "Ejemplo");
     EXPECT_EQ(a.quienUsa("bigger-things", {"com.example.app"}), "Bigger Editor");
     EXPECT_EQ(a.quienUsa("", {}), std::nullopt);
-    EXPECT_EQ(AppsAbiertas{}.quienUsa("com.example.app", {"com.example.app"}), std::nullopt);
+    EXPECT_EQ(a.quienUsa("big.things", {}), std::nullopt);
 }
 
-TEST(AppsAbiertas, ProcesoDeUnPaqueteApp)
+// Running programs are known by the .app bundle they run from or by a
+// visible desktop entry; this program's own bundle and hidden entries never
+// count.
+TEST(AppsAbiertas, ProgramasEnMarcha)
 {
     apoyo::CasaPrueba casa;
     casa.archivoCon("Applications/Editor.app/Contents/Info.plist",
-                    R"(<?xml version="1.0" encoding="UTF-8"?>
-<plist version="1.0"><dict>
-<key>CFBundleIdentifier</key><string>com.Ejemplo.Editor</string>
-<key>CFBundleName</key><string>Bigger Editor</string>
-</dict></plist>)");
-    // The program's own bundle never counts.
+                    "<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>com.Ejemplo.Editor</string>"
+                    "<key>CFBundleName</key><string>Bigger Editor</string></dict></plist>");
     casa.archivoCon("Applications/Vorlano.app/Contents/Info.plist",
-                    std::string(R"(<plist version="1.0"><dict><key>CFBundleIdentifier</key><string>)") +
+                    std::string("<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>") +
                         plataforma::identificadorPropio + "</string></dict></plist>");
+    apoyo::Variable datos("XDG_DATA_HOME", casa.ruta("datos").string());
+    casa.archivoCon("datos/applications/org/ejemplo.Visor.desktop",
+                    "[Desktop Entry]\nType=Application\nName=Visor de Fotos\nExec=\"" + casa.ruta("bin/visor").string() +
+                        "\" %U\n");
+    casa.archivoCon("datos/applications/oculto.desktop", "[Desktop Entry]\nType=Application\nName=Oculto\n"
+                                                         "NoDisplay=true\nExec=" + casa.ruta("bin/oculto").string() + "\n");
     Programa editor(casa.ruta("Applications/Editor.app/Contents/MacOS/editor"));
     Programa propio(casa.ruta("Applications/Vorlano.app/Contents/MacOS/vorlano"));
+    Programa visor(casa.ruta("bin/visor")), oculto(casa.ruta("bin/oculto"));
 
-    const auto a = AppsAbiertas::actuales();
-    int editores = 0;
-    for (const auto& app : a.apps) {
-        EXPECT_NE(app.bundle, "app.vorlano.vorlano");
-        if (app.bundle == "com.ejemplo.editor") {
-            ++editores;
-            EXPECT_EQ(app.nombre, "Bigger Editor");
-        }
-    }
-    EXPECT_EQ(editores, 1);
-    EXPECT_EQ(a.quienUsa("biggerstuff", {}), "Bigger Editor");
-}
-
-TEST(AppsAbiertas, ProgramaDeUnaEntradaDeEscritorioVisible)
-{
-    apoyo::CasaPrueba casa;
-    const auto visor = casa.ruta("bin/visor");
-    const auto oculto = casa.ruta("bin/oculto");
-    // XDG_DATA_HOME points into the test's own scratch folder (test main).
-    const std::filesystem::path apps = std::string(std::getenv("XDG_DATA_HOME")) + "/applications";
-    std::filesystem::create_directories(apps / "org");
-    {
-        std::FILE* f = std::fopen((apps / "org/ejemplo.Visor.desktop").c_str(), "w");
-        std::fprintf(f, "[Desktop Entry]\nType=Application\nName=Visor de Fotos\nExec=\"%s\" %%U\n", visor.c_str());
-        std::fclose(f);
-        f = std::fopen((apps / "oculto.desktop").c_str(), "w");
-        std::fprintf(f, "[Desktop Entry]\nType=Application\nName=Oculto\nNoDisplay=true\nExec=%s\n", oculto.c_str());
-        std::fclose(f);
-    }
-    Programa a(visor), b(oculto);
-    const auto abiertas = AppsAbiertas::actuales();
-    bool visto = false;
-    for (const auto& app : abiertas.apps) {
-        EXPECT_NE(app.nombre, "Oculto");
-        if (app.bundle == "org-ejemplo.visor") {
-            visto = true;
-            EXPECT_EQ(app.nombre, "Visor de Fotos");
-        }
-    }
-    EXPECT_TRUE(visto);
-    std::filesystem::remove_all(apps);
+    std::map<std::string, std::string> vistas;
+    for (const auto& app : AppsAbiertas::actuales().apps)
+        vistas[app.bundle] = app.nombre;
+    EXPECT_EQ(vistas["com.ejemplo.editor"], "Bigger Editor");
+    EXPECT_EQ(vistas["org-ejemplo.visor"], "Visor de Fotos");
+    EXPECT_FALSE(vistas.contains("app.vorlano.vorlano"));
+    for (const auto& [bundle, nombre] : vistas)
+        EXPECT_NE(nombre, "Oculto");
 }
