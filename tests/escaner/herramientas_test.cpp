@@ -64,7 +64,7 @@ TEST(BytesDeDocker, UnidadesDecimalesYTextosRaros)
         EXPECT_EQ(Escaner::bytesDeDocker(c.texto), c.bytes) << '"' << c.texto << '"';
 }
 
-TEST_F(Herramientas, DockerSumaLoRecuperableSinVolumenes)
+TEST_F(Herramientas, Docker)
 {
     CasaPrueba casa;
     const auto docker = programa(casa, "docker",
@@ -91,12 +91,8 @@ TEST_F(Herramientas, DockerSumaLoRecuperableSinVolumenes)
     r = esc.dockerCon(docker);
     ASSERT_EQ(r.size(), 1u);
     EXPECT_EQ(r[0].accion->medir, casa.ruta(".colima/_lima/_disks"));
-}
 
-TEST_F(Herramientas, DockerSinRespuestaUtilNoDaNada)
-{
-    CasaPrueba casa;
-    const Escaner esc(casa.entorno());
+    // Nothing from zeros, a failure, a hang or no program at all.
     const std::string linea = "{\"Type\":\"Images\",\"Reclaimable\":\"1GB\"}\n";
     EXPECT_TRUE(esc.dockerCon(programa(casa, "ceros", "{\"Reclaimable\":\"0B (0%)\"}\n{\"Reclaimable\":\"0B\"}")).empty());
     EXPECT_TRUE(esc.dockerCon(programa(casa, "falla", linea, 1)).empty());
@@ -104,8 +100,7 @@ TEST_F(Herramientas, DockerSinRespuestaUtilNoDaNada)
     EXPECT_TRUE(esc.dockerCon(casa.ruta("no-existe").string()).empty());
 
     // Megabytes of noise before a good line don't hide it.
-    const auto r = esc.dockerCon(guion(casa, "ruido", "head -c 8000000 /dev/zero | tr '\\0' x; echo; echo '" + linea +
-                                                          "'"));
+    r = esc.dockerCon(guion(casa, "ruido", "head -c 8000000 /dev/zero | tr '\\0' x; echo; echo '" + linea + "'"));
     ASSERT_EQ(r.size(), 1u);
     EXPECT_EQ(r[0].tamano, 1'000'000'000);
 
@@ -116,10 +111,9 @@ TEST_F(Herramientas, DockerSinRespuestaUtilNoDaNada)
     EXPECT_EQ(grande[0].tamano, 9'000'000'000'000'000'000);
 }
 
-TEST_F(Herramientas, SimuladoresConDatosEnDisco)
+TEST_F(Herramientas, Simuladores)
 {
     CasaPrueba casa;
-    casa.crearDir("Library/Developer/CoreSimulator/Devices");
     for (const char* d : {"W1", "A1", "A2"})
         casa.crearDir(std::string("sim/") + d);
     const std::string sim = casa.ruta("sim").string();
@@ -135,8 +129,13 @@ TEST_F(Herramientas, SimuladoresConDatosEnDisco)
         "{\"name\":\"Sin udid\",\"dataPath\":\"" + sim + "/A2\"},"
         "{\"udid\":\"A4\",\"name\":5,\"dataPath\":\"" + sim + "/A2\"}]"
         "}}");
+    const Escaner esc(casa.entorno());
+    // Without the devices folder simctl isn't even asked.
+    EXPECT_TRUE(esc.simuladoresCon(simctl).empty());
+    EXPECT_FALSE(std::filesystem::exists(casa.ruta("simctl.args")));
 
-    const auto r = Escaner(casa.entorno()).simuladoresCon(simctl);
+    casa.crearDir("Library/Developer/CoreSimulator/Devices");
+    const auto r = esc.simuladoresCon(simctl);
     EXPECT_EQ(apoyo::leer(casa.ruta("simctl.args")), "list\ndevices\n-j\n");
     ASSERT_EQ(r.size(), 3u);
     // Runtimes in simctl's order; a booted one is listed, in use.
@@ -150,24 +149,11 @@ TEST_F(Herramientas, SimuladoresConDatosEnDisco)
     EXPECT_EQ(r[1].accion->ejecutable, simctl);
     EXPECT_EQ(r[1].accion->argumentos, (std::vector<std::string>{"erase", "A1"}));
     EXPECT_EQ(r[1].accion->medir, casa.ruta("sim/A1"));
-}
 
-TEST_F(Herramientas, SimuladoresConRespuestaRaraNoDanNada)
-{
-    CasaPrueba casa;
-    casa.crearDir("sim/A1");
-    const std::string bueno = "[{\"udid\":\"A1\",\"name\":\"iPhone\",\"dataPath\":\"" + casa.ruta("sim/A1").string() +
-                              "\"}]";
+    // Odd answers, a failure, a hang or no program: nothing.
+    const std::string bueno = "[{\"udid\":\"A1\",\"name\":\"iPhone\",\"dataPath\":\"" + sim + "/A1\"}]";
     const std::string json = "{\"devices\":{\"iOS-17\":" + bueno + "}}";
-    const Escaner esc(casa.entorno());
-
-    // Without the devices folder simctl isn't even asked.
-    const auto simctl = programa(casa, "simctl", json);
-    EXPECT_TRUE(esc.simuladoresCon(simctl).empty());
-    EXPECT_FALSE(std::filesystem::exists(casa.ruta("simctl.args")));
-
-    casa.crearDir("Library/Developer/CoreSimulator/Devices");
-    ASSERT_EQ(esc.simuladoresCon(simctl).size(), 1u);
+    ASSERT_EQ(esc.simuladoresCon(programa(casa, "bueno", json)).size(), 1u);
     int n = 0;
     for (const std::string& salida : {std::string("basura"), "[" + json + "]", std::string("{\"devices\":[]}"),
                                       "{\"devices\":{\"iOS-17\":" + bueno + ",\"iOS-16\":[1]}}"})
