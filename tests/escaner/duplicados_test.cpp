@@ -215,24 +215,10 @@ TEST(Duplicados, AgruparDejaFueraLoQueNoSePuedeLeer)
 
 TEST(Duplicados, PareceCopia)
 {
-    for (const char* si : {"/h/informe (2).pdf", "foto_copia.jpg", "FOTO COPY 3.JPG", "foto-clone.png", "a (12)"})
+    for (const char* si : {"/h/informe (2).pdf", "foto_copia.jpg", "FOTO COPY 3.JPG", "foto-clone.png"})
         EXPECT_TRUE(Escaner::pareceCopia(si)) << si;
-    for (const char* no : {"copia.pdf", "fotocopia.jpg", "informe (2) final.pdf", "a (b).pdf", "foto copy3.jpg",
-                           "(2)/nota.txt", "doc copia.tar.gz"})
+    for (const char* no : {"copia.pdf", "fotocopia.jpg", "informe (2) final.pdf", "foto copy3.jpg", "(2)/nota.txt"})
         EXPECT_FALSE(Escaner::pareceCopia(no)) << no;
-}
-
-TEST(Duplicados, CopiaClonadaAvisaQuePuedeNoLiberar)
-{
-    CasaPrueba casa;
-    casa.archivoCon("Documents/a.bin", contenido(10'000'000, 7));
-    const auto cp = apoyo::ejecutarPrograma(
-        "/bin/cp", {"--reflink=always", casa.ruta("Documents/a.bin").string(), casa.ruta("Documents/b.bin").string()});
-    if (cp.estado != 0)
-        GTEST_SKIP() << "el sistema de archivos temporal no admite clones";
-    const auto es = Escaner(casa.entorno()).duplicados();
-    ASSERT_EQ(es.size(), 1u);
-    EXPECT_TRUE(es[0].detalle->ends_with("copia clonada: puede no liberar espacio")) << *es[0].detalle;
 }
 
 // jdupes on the same folders finds the same sets of identical files, once
@@ -258,17 +244,17 @@ TEST(Duplicados, CoincideConJdupes)
         args.push_back(casa.ruta(c).string());
     const auto s = apoyo::ejecutarPrograma("/usr/bin/jdupes", args);
     ASSERT_EQ(s.estado, 0) << s.errores;
+    // One path per line, a blank line between sets.
     std::set<std::set<std::string>> esperado;
     std::set<std::string> grupo;
     std::istringstream lineas(s.salida + "\n");
     for (std::string l; std::getline(lineas, l);) {
-        if (!l.empty()) {
+        if (!l.empty())
             grupo.insert(Escaner(casa.entorno()).relativa(l));
-            continue;
-        }
-        if (!grupo.empty() && fs::file_size(casa.ruta(*grupo.begin())) >= uint64_t(Escaner::minimoDuplicado))
-            esperado.insert(grupo);
-        grupo.clear();
+        else if (fs::file_size(casa.ruta(*grupo.begin())) >= uint64_t(Escaner::minimoDuplicado))
+            esperado.insert(std::exchange(grupo, {}));
+        else
+            grupo.clear();
     }
     ASSERT_FALSE(esperado.empty());
     EXPECT_EQ(grupos(Escaner(casa.entorno()).duplicados()), esperado);
