@@ -18,9 +18,10 @@ paquetes=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # the demo home writes binary property lists with plistutil
   libplist-utils
-  # used by the tests: a real session bus, the standard trash reader, chattr, setpriv,
+  # used by the tests: a real session bus, the standard trash reader, chattr, a file
+  # system that clones (xfs), setpriv,
   # a second duplicate finder to agree with
-  dbus dbus-x11 trash-cli e2fsprogs util-linux time procps jdupes
+  dbus dbus-x11 trash-cli e2fsprogs xfsprogs util-linux time procps jdupes
 )
 
 instalar() {
