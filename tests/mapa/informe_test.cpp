@@ -59,28 +59,17 @@ TEST(InformeMapa, OchoCarpetasConTresHijosYLasProtegidas)
               "No medidas (protegidas): .Trash, Mail\n");
 }
 
-TEST(InformeMapa, CasaVaciaInexistenteEnlazadaOIlegible)
+// The unreadable folders are left to the measurer's own tests.
+TEST(InformeMapa, CasaVaciaInexistenteOEnlazada)
 {
-    CasaPrueba casa;
-    auto s = ejecutarVorlano(casa.raiz(), {"--mapa"});
-    EXPECT_EQ(sinCabecera(s.salida, "0 KB"), "No medidas (protegidas): \n");
-    s = ejecutarVorlano(casa.ruta("no-existe"), {"--mapa"});
-    EXPECT_EQ(s.estado, 0);
-    EXPECT_EQ(sinCabecera(s.salida, "0 KB"), "No medidas (protegidas): \n");
-
+    CasaPrueba casa, destino;
+    for (const auto& home : {casa.raiz(), casa.ruta("no-existe")}) {
+        const auto s = ejecutarVorlano(home, {"--mapa"});
+        EXPECT_EQ(s.estado, 0);
+        EXPECT_EQ(sinCabecera(s.salida, "0 KB"), "No medidas (protegidas): \n");
+    }
     // A home reached through a link is measured as the folder it leads to.
-    CasaPrueba destino;
     destino.archivo("Documents/a/b/c/grande", 600 * 4096);
-    s = ejecutarVorlano(casa.enlace("enlace", destino.raiz()), {"--mapa"});
+    const auto s = ejecutarVorlano(casa.enlace("enlace", destino.raiz()), {"--mapa"});
     EXPECT_EQ(sinCabecera(s.salida, "2.5 MB"), "  2.5 MB     Documents\n      2.5 MB     a\nNo medidas (protegidas): \n");
-
-    casa.archivo("Documents/a/b/c/grande", 600 * 4096);
-    casa.archivo("Documents/a/b/cerrada/oculto", 600 * 4096);
-    casa.sinPermisos("Documents/a/b/cerrada");
-    s = apoyo::ejecutarVorlanoSinPrivilegios(casa.raiz(), {"--mapa"});
-    EXPECT_EQ(s.estado, 0);
-    EXPECT_EQ(sinCabecera(s.salida, "2.5 MB"),
-              "  2.5 MB     Documents\n"
-              "      2.5 MB     a\n"
-              "No medidas (protegidas): \n");
 }
