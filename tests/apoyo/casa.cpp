@@ -68,8 +68,7 @@ CasaPrueba::CasaPrueba() : raiz_(carpetaTemporal("vorlano-casa")) {}
 
 CasaPrueba::~CasaPrueba()
 {
-    if (std::getenv("VORLANO_CONSERVAR") == nullptr)
-        borrarArbol(raiz_);
+    borrarArbol(raiz_);
 }
 
 fs::path CasaPrueba::crearDir(std::string_view relativa)
@@ -119,12 +118,12 @@ fs::path CasaPrueba::enlaceDuro(std::string_view relativa, std::string_view exis
     return ruta(relativa);
 }
 
-fs::path CasaPrueba::muchos(std::string_view carpeta, int n, int64_t bytes)
+void CasaPrueba::muchos(std::string_view carpeta, int n, int64_t bytes)
 {
+    crearDir(carpeta);
     const std::string contenido(size_t(bytes), 'm');
     for (int i = 0; i < n; ++i)
         archivoCon(std::string(carpeta) + "/f" + std::to_string(i), contenido);
-    return crearDir(carpeta);
 }
 
 void CasaPrueba::sinPermisos(std::string_view relativa)

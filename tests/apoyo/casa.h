@@ -41,8 +41,8 @@ public:
     fs::path disperso(std::string_view relativa, int64_t longitud);
     fs::path enlace(std::string_view relativa, const fs::path& destino);
     fs::path enlaceDuro(std::string_view relativa, std::string_view existente);
-    // n files of `bytes` bytes each in one folder.
-    fs::path muchos(std::string_view carpeta, int n, int64_t bytes);
+    // n files of `bytes` bytes each in one folder, made even for n = 0.
+    void muchos(std::string_view carpeta, int n, int64_t bytes);
     // Mode 000 (the removal at the end puts the rights back).
     void sinPermisos(std::string_view relativa);
     // Modification and access time, the link itself if it is one.
