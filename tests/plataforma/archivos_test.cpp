@@ -12,12 +12,11 @@ TEST(Archivos, PaqueteSoloUnaCarpetaConExtensionConocida)
 {
     CasaPrueba casa;
     casa.crearDir("Foo.app/Contents");
-    casa.crearDir("Fotos.PhotosLibrary");
     casa.crearDir("proyecto.d");
     casa.archivo("suelto.app", 10);
     casa.enlace("enlace.app", casa.ruta("Foo.app"));
-    for (const auto& [nombre, paquete] : {std::pair{"Foo.app", true}, {"Fotos.PhotosLibrary", true},
-                                          {"proyecto.d", false}, {"suelto.app", false}, {"enlace.app", false}})
+    for (const auto& [nombre, paquete] :
+         {std::pair{"Foo.app", true}, {"proyecto.d", false}, {"suelto.app", false}, {"enlace.app", false}})
         EXPECT_EQ(plataforma::esPaquete(casa.ruta(nombre)), paquete) << nombre;
 }
 

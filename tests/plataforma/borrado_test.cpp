@@ -1,14 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Removal through directory descriptors: trees deep and wide, entries that
-// aren't files or folders, and paths that would climb out of the base.
+// aren't files or folders, and paths that would climb out of the base; then
+// the home Trash of this test process (its data home is a scratch folder)
+// emptied with it.
 #include "plataforma/borrado.h"
+#include "plataforma/papelera.h"
 
 #include "apoyo/casa.h"
+#include "apoyo/proceso.h"
 
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
+#include <fstream>
+
+namespace fs = std::filesystem;
 using apoyo::CasaPrueba;
 using plataforma::Clase;
 
@@ -30,9 +37,46 @@ TEST(Borrado, ArbolHondoYAnchoSeVaciaEnteroDesdeUnaBaseEnlazada)
     EXPECT_EQ(v.error, "");
     EXPECT_EQ(v.total, 4u);
     EXPECT_EQ(v.fallidos, 0u);
-    EXPECT_TRUE(std::filesystem::is_empty(casa.ruta("real/item")));
+    EXPECT_TRUE(fs::is_empty(casa.ruta("real/item")));
     // Only plain relative paths below the base are looked at.
     EXPECT_EQ(plataforma::examinar(base, "item"), Clase::carpeta);
     for (const std::string& otra : std::vector<std::string>{"../real/item", "./item", "", casa.ruta("real/item")})
         EXPECT_EQ(plataforma::examinar(base, otra), Clase::ausente) << otra;
+}
+
+TEST(Papelera, VaciarQuitaTodoSinSalirDeLaPapelera)
+{
+    CasaPrueba casa;
+    const fs::path fuera = apoyo::carpetaTemporal("vorlano-fuera");
+    std::ofstream(fuera / "vecino") << "no se toca";
+    const fs::path papelera = plataforma::carpetaPapelera();
+    EXPECT_EQ(plataforma::vaciarPapelera(), std::nullopt); // nothing to empty is no failure
+    for (const fs::path& p : {casa.archivo("arbol/a/b/c", 4096).parent_path(), casa.enlace("enlace", fuera)})
+        ASSERT_EQ(plataforma::moverAPapelera(p), std::nullopt) << p;
+    // What other programs leave there goes too.
+    fs::create_directories(papelera / "expunged/x");
+    std::ofstream(papelera / "directorysizes") << "4096 1 b\n";
+    EXPECT_EQ(plataforma::vaciarPapelera(), std::nullopt);
+    for (const char* parte : {"files", "info", "expunged"})
+        EXPECT_TRUE(fs::is_empty(papelera / parte)) << parte;
+    EXPECT_FALSE(fs::exists(papelera / "directorysizes"));
+    EXPECT_EQ(apoyo::leer(fuera / "vecino"), "no se toca");
+
+    // files/ swapped for a link: nothing behind it is touched.
+    fs::remove(papelera / "files");
+    fs::create_directory_symlink(fuera, papelera / "files");
+    EXPECT_EQ(plataforma::vaciarPapelera(), "No se pudo vaciar la Papelera");
+    EXPECT_EQ(apoyo::leer(fuera / "vecino"), "no se toca");
+    fs::remove(papelera / "files");
+    apoyo::borrarArbol(fuera);
+
+    // An entry that can't be removed.
+    ASSERT_EQ(plataforma::moverAPapelera(casa.archivoCon("fijo", "x")), std::nullopt);
+    const auto chattr = [&](const char* modo) {
+        return apoyo::ejecutarPrograma("/usr/bin/chattr", {modo, (papelera / "files/fijo").string()}).estado == 0;
+    };
+    if (!chattr("+i"))
+        GTEST_SKIP() << "este sistema de archivos no admite chattr +i";
+    EXPECT_EQ(plataforma::vaciarPapelera(), "No se pudo vaciar la Papelera");
+    chattr("-i");
 }
