@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The folder being emptied changes meanwhile: what appears in it goes too, and
-// folders swapped for symbolic links to a canary folder outside the home,
-// thousands of times, never lead the removal into the canary.
+// Folders swapped for symbolic links to a canary folder outside the home while
+// they are emptied, thousands of times, never lead the removal into the canary.
 #include "limpieza/comun.h"
 
 #include "apoyo/proceso.h"
@@ -26,25 +25,7 @@ void esperar(const char* = nullptr)
     }
 }
 
-fs::path carpetaQueCrece;
-
 } // namespace
-
-TEST(Carrera, LoQueApareceMientrasSeVaciaTambienSeVa)
-{
-    CasaPrueba casa;
-    carpetaQueCrece = casa.archivo("Library/Caches/app/a", 10).parent_path();
-    // An application writing into its cache while it is emptied.
-    plataforma::pruebas::pausaTrasListar = [](const char* nombre) {
-        if (std::string_view(nombre) == "a")
-            std::ofstream(carpetaQueCrece / "nuevo") << "n";
-    };
-    std::vector<std::string> errores;
-    Limpiador(casa.entorno()).vaciar(carpetaQueCrece, "app", errores);
-    plataforma::pruebas::pausaTrasListar = nullptr;
-    EXPECT_EQ(errores, Lineas{});
-    EXPECT_TRUE(fs::is_empty(carpetaQueCrece));
-}
 
 TEST(Carrera, HiloQueCambiaCarpetasPorEnlacesMilesDeVeces)
 {

@@ -15,13 +15,8 @@ TEST(Permitido, CasosConNombre)
         const char* ruta;
         bool permitido;
     };
+    // What the generated paths below never reach.
     const Caso casos[] = {
-        {"/Users/ana", "/Users/ana/", false},
-        {"/Users/ana", "/Users/ana2/Library/Caches/x", false}, // a sibling sharing the prefix
-        {"/Users/ana", "/Users/ana/Notas.txt", false},         // a direct child, whatever its name
-        {"/Users/ana", "/Users/ana//Library///Caches/", false},
-        {"/Users/ana", "/Users/ana/Documents/x/..", false},
-        {"/Users/ana", "/Users/ana/Library/Caches/../../../ana/Documents/a", true},
         {"/Users/ana", "/Users/ana/library/caches", true}, // roots compare exactly
         {"/Users/ana", "Library/Caches/x", false},          // relative: from the working folder, not home
         {"/Users/ana/", "/Users/ana/Library/Caches/x", true},
