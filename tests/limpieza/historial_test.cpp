@@ -88,7 +88,7 @@ TEST(Historial, FormatoExactoTopeYLecturaDeVuelta)
     EXPECT_EQ(h.registros().size(), 500u);
 }
 
-TEST(Historial, ArchivoDanadoEsHistorialVacio)
+TEST(Historial, ArchivoDanadoIlegibleOCarpetaEsHistorialVacio)
 {
     // Whole files, and single entries put after a good one: one damaged entry
     // spoils the whole list.
@@ -123,18 +123,14 @@ TEST(Historial, ArchivoDanadoEsHistorialVacio)
                R"({"fecha":1,"borrado":5,"papelera":0,"tipo":"x"}])");
     EXPECT_EQ(p.abrir().registros().front().fecha, utc(2001, 1, 1));
     EXPECT_EQ(p.abrir().total(), INT64_MAX);
-}
 
-TEST(Historial, CarpetaEnLugarDelArchivoOSinPermiso)
-{
-    Prueba p;
     // A folder where the file should be: nothing read or written, the entry kept in memory.
-    fs::create_directories(p.archivo);
-    std::ofstream(p.archivo / "dentro") << "x";
-    Historial h = p.abrir();
-    EXPECT_TRUE(h.anotar(liberado(4), "limpieza"));
-    EXPECT_EQ(h.total(), 4);
-    EXPECT_EQ(leer(p.archivo / "dentro"), "x");
+    const fs::path carpeta = p.casa.crearDir("carpeta/historial.json");
+    std::ofstream(carpeta / "dentro") << "x";
+    Historial enCarpeta(carpeta);
+    EXPECT_TRUE(enCarpeta.anotar(liberado(4), "limpieza"));
+    EXPECT_EQ(enCarpeta.total(), 4);
+    EXPECT_EQ(leer(carpeta / "dentro"), "x");
 
     // A folder the user may not write in: the old file stays, the memory has both.
     const fs::path archivo = p.casa.ruta("ajeno/historial.json");
