@@ -3,7 +3,7 @@
 // from their Info.plist.
 #include "desinstalador/desinstalador.h"
 
-#include "nucleo/plist.h"
+#include "plataforma/plist.h"
 #include "nucleo/textos.h"
 #include "plataforma/apps.h"
 #include "plataforma/archivos.h"
@@ -59,10 +59,10 @@ std::vector<AppInstalada> Desinstalador::apps() const
 
 std::optional<AppInstalada> Desinstalador::leer(const fs::path& url) const
 {
-    const auto info = leerPlist(url / "Contents/Info.plist");
+    const auto info = plataforma::leerPlist(url / "Contents/Info.plist");
     if (!info)
         return std::nullopt;
-    const auto id = textoDe(*info, "CFBundleIdentifier");
+    const auto id = plataforma::textoDe(*info, "CFBundleIdentifier");
     if (!id)
         return std::nullopt;
 
@@ -72,13 +72,13 @@ std::optional<AppInstalada> Desinstalador::leer(const fs::path& url) const
     app.nombre = plataforma::nombreVisible(url);
     for (size_t p = 0; (p = app.nombre.find(".app", p)) != std::string::npos;)
         app.nombre.erase(p, 4);
-    app.version = textoDe(*info, "CFBundleShortVersionString").value_or("");
+    app.version = plataforma::textoDe(*info, "CFBundleShortVersionString").value_or("");
 
     // The display name always; the bundle's own names when they are long
     // enough not to match unrelated folders.
     app.otrosNombres.push_back(app.nombre);
     for (const char* clave : {"CFBundleName", "CFBundleDisplayName", "CFBundleExecutable"}) {
-        const auto n = textoDe(*info, clave);
+        const auto n = plataforma::textoDe(*info, clave);
         if (n && caracteres(*n) > 2 &&
             std::find(app.otrosNombres.begin(), app.otrosNombres.end(), *n) == app.otrosNombres.end())
             app.otrosNombres.push_back(*n);

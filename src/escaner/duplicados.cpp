@@ -3,7 +3,7 @@
 // size, then by a hash of both ends, and only then by a hash of every byte.
 #include "escaner/escaner.h"
 
-#include "nucleo/arbol.h"
+#include "plataforma/arbol.h"
 #include "nucleo/paralelo.h"
 #include "nucleo/textos.h"
 #include "plataforma/archivos.h"
@@ -29,16 +29,16 @@ std::string_view ultimoComponente(std::string_view ruta)
 // and project artefacts are not entered; links are not followed.
 void recoger(const fs::path& carpeta, std::map<int64_t, std::vector<Candidato>>& porTamano)
 {
-    recorrerArbol(carpeta, [&](const EntradaArbol& e) {
+    plataforma::recorrerArbol(carpeta, [&](const plataforma::EntradaArbol& e) {
         if (e.nivel == 0)
-            return Paso::seguir;
-        if (e.tipo == TipoEntrada::carpeta) {
+            return plataforma::Paso::seguir;
+        if (e.tipo == plataforma::TipoEntrada::carpeta) {
             const bool entrar = !(e.nombre.starts_with('.') || Escaner::clasificar(e.nombre, e.padre) ||
                                   Escaner::esPaquete(e.nombre, e.ruta.data()));
-            return entrar ? Paso::seguir : Paso::podar;
+            return entrar ? plataforma::Paso::seguir : plataforma::Paso::podar;
         }
-        if (e.tipo != TipoEntrada::archivo || e.st.st_size < Escaner::minimoDuplicado || e.nombre.starts_with('.'))
-            return Paso::seguir;
+        if (e.tipo != plataforma::TipoEntrada::archivo || e.st.st_size < Escaner::minimoDuplicado || e.nombre.starts_with('.'))
+            return plataforma::Paso::seguir;
         // The modification time stands in for the creation time until the
         // file turns out to have a copy.
         porTamano[e.st.st_size].push_back(Candidato{.ruta = std::string(e.ruta),
@@ -47,7 +47,7 @@ void recoger(const fs::path& carpeta, std::map<int64_t, std::vector<Candidato>>&
                                                     .dispositivo = uint64_t(e.st.st_dev),
                                                     .inodo = uint64_t(e.st.st_ino),
                                                     .creado = Fecha(std::chrono::seconds(e.st.st_mtim.tv_sec))});
-        return Paso::seguir;
+        return plataforma::Paso::seguir;
     });
 }
 

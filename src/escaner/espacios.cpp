@@ -3,7 +3,7 @@
 // is provably gone, or unopened for three months.
 #include "escaner/escaner.h"
 
-#include "nucleo/lectura.h"
+#include "plataforma/lectura.h"
 #include "nucleo/textos.h"
 #include "plataforma/archivos.h"
 
@@ -115,7 +115,7 @@ std::optional<Proyecto> leerUrl(std::string_view texto)
 // read or understood.
 std::optional<Proyecto> proyectoDe(const std::filesystem::path& carpeta)
 {
-    const auto texto = leerArchivo(carpeta / "workspace.json", maximoJson);
+    const auto texto = plataforma::leerArchivo(carpeta / "workspace.json", maximoJson);
     if (!texto)
         return std::nullopt;
     const auto json = nlohmann::json::parse(*texto, nullptr, false);
@@ -197,17 +197,17 @@ bool Escaner::seguroQueNoExiste(const std::filesystem::path& ruta)
     std::string p = ruta.native();
     while (p.size() > 1 && p.back() == '/')
         p.pop_back();
-    if (p.empty() || p.front() != '/' || existe(p))
+    if (p.empty() || p.front() != '/' || plataforma::existe(p))
         return false;
     // A project on a volume that isn't mounted is away, not gone.
-    if (const auto volumen = plataforma::volumenExtraible(p); volumen && !existe(*volumen))
+    if (const auto volumen = plataforma::volumenExtraible(p); volumen && !plataforma::existe(*volumen))
         return false;
     // The nearest existing folder above must be readable: only then does its
     // listing prove the absence.
     do {
         const size_t barra = p.rfind('/');
         p.resize(barra == 0 ? 1 : barra);
-    } while (p.size() > 1 && !existe(p));
+    } while (p.size() > 1 && !plataforma::existe(p));
     DIR* d = ::opendir(p.c_str());
     if (d == nullptr)
         return false;

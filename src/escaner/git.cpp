@@ -3,7 +3,7 @@
 // read: the folder counts as tracked exactly when git says so.
 #include "escaner/escaner.h"
 
-#include "nucleo/ejecutar.h"
+#include "plataforma/ejecutar.h"
 
 #include <sys/stat.h>
 
@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 const std::optional<std::string>& Escaner::git()
 {
     // The places of macOS first, then the usual ones of Linux.
-    static const std::optional<std::string> programa = buscarPrograma({
+    static const std::optional<std::string> programa = plataforma::buscarPrograma({
         "/Library/Developer/CommandLineTools/usr/bin/git",
         "/Applications/Xcode.app/Contents/Developer/usr/bin/git",
         "/opt/homebrew/bin/git",
@@ -39,6 +39,6 @@ bool Escaner::versionadaEnGit(std::string_view nombre, const fs::path& en, const
 {
     if (!git)
         return false;
-    const auto codigo = codigoDeSalida(*git, {"-C", en.string(), "ls-files", "--error-unmatch", "--", std::string(nombre)});
+    const auto codigo = plataforma::codigoDeSalida(*git, {"-C", en.string(), "ls-files", "--error-unmatch", "--", std::string(nombre)});
     return codigo == 0;
 }

@@ -4,8 +4,8 @@
 // command; their path is only a handle for showing and measuring.
 #include "escaner/escaner.h"
 
-#include "nucleo/ejecutar.h"
-#include "nucleo/lectura.h"
+#include "plataforma/ejecutar.h"
+#include "plataforma/lectura.h"
 #include "nucleo/textos.h"
 #include "plataforma/procesos.h"
 
@@ -53,14 +53,14 @@ const std::string* textoDe(const nlohmann::ordered_json& objeto, const char* cla
 
 std::optional<std::string> Escaner::buscarSimctl(const std::string& xcodeSelect)
 {
-    const auto r = ejecutar(xcodeSelect, {"-p"}, 5);
+    const auto r = plataforma::ejecutar(xcodeSelect, {"-p"}, 5);
     if (!r || r->codigo != 0)
         return std::nullopt;
     constexpr const char* blancos = " \t\n\r\v\f";
     const size_t inicio = r->salida.find_first_not_of(blancos);
     const std::string carpeta =
         inicio == std::string::npos ? "" : r->salida.substr(inicio, r->salida.find_last_not_of(blancos) + 1 - inicio);
-    return buscarPrograma({carpeta + "/usr/bin/simctl"});
+    return plataforma::buscarPrograma({carpeta + "/usr/bin/simctl"});
 }
 
 const std::optional<std::string>& Escaner::simctl()
@@ -77,7 +77,7 @@ const std::optional<std::string>& Escaner::programaDocker()
         for (const std::string& carpeta : plataforma::carpetasDeProgramas())
             if (std::find(candidatos.begin(), candidatos.end(), carpeta + "/docker") == candidatos.end())
                 candidatos.push_back(carpeta + "/docker");
-        return buscarPrograma(candidatos);
+        return plataforma::buscarPrograma(candidatos);
     }();
     return ruta;
 }
@@ -92,9 +92,9 @@ std::vector<Elemento> Escaner::simuladores() const
 std::vector<Elemento> Escaner::simuladoresCon(const std::string& simctl, double limite) const
 {
     std::vector<Elemento> r;
-    if (!existe(entorno.ruta("Library/Developer/CoreSimulator/Devices")))
+    if (!plataforma::existe(entorno.ruta("Library/Developer/CoreSimulator/Devices")))
         return r;
-    const auto salida = ejecutar(simctl, {"list", "devices", "-j"}, limite);
+    const auto salida = plataforma::ejecutar(simctl, {"list", "devices", "-j"}, limite);
     if (!salida || salida->codigo != 0)
         return r;
     // Ordered: runtimes are offered in the order simctl lists them.
@@ -109,7 +109,7 @@ std::vector<Elemento> Escaner::simuladoresCon(const std::string& simctl, double 
             const std::string* udid = textoDe(dispositivo, "udid");
             const std::string* nombre = textoDe(dispositivo, "name");
             const std::string* datos = textoDe(dispositivo, "dataPath");
-            if (!udid || !nombre || !datos || !std::filesystem::path(*datos).is_absolute() || !existe(*datos))
+            if (!udid || !nombre || !datos || !std::filesystem::path(*datos).is_absolute() || !plataforma::existe(*datos))
                 continue;
             const std::string* estado = textoDe(dispositivo, "state");
             Elemento e;
@@ -134,7 +134,7 @@ std::vector<Elemento> Escaner::docker() const
 
 std::vector<Elemento> Escaner::dockerCon(const std::string& programa, double limite) const
 {
-    const auto salida = ejecutar(programa, {"system", "df", "--format", "{{json .}}"}, limite);
+    const auto salida = plataforma::ejecutar(programa, {"system", "df", "--format", "{{json .}}"}, limite);
     if (!salida || salida->codigo != 0)
         return {};
     // One object a line, one line per kind of Docker object.
@@ -166,7 +166,7 @@ std::vector<Elemento> Escaner::dockerCon(const std::string& programa, double lim
     // With Colima the images live in the VM's disk; without it nothing
     // measures what the command freed.
     std::optional<std::filesystem::path> medir;
-    if (const auto discos = entorno.ruta(".colima/_lima/_disks"); existe(discos))
+    if (const auto discos = entorno.ruta(".colima/_lima/_disks"); plataforma::existe(discos))
         medir = discos;
     e.accion = Accion{programa, {"system", "prune", "-af"}, medir};
     return {std::move(e)};

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "escaner/medicion.h"
 
-#include "nucleo/arbol.h"
+#include "plataforma/arbol.h"
 #include "nucleo/paralelo.h"
 
 #include <dirent.h>
@@ -18,12 +18,12 @@ static constexpr int64_t unidadBloque = 512;
 int64_t tamanoEnDisco(const fs::path& ruta)
 {
     int64_t suma = 0;
-    recorrerArbol(ruta, [&](const EntradaArbol& e) {
+    plataforma::recorrerArbol(ruta, [&](const plataforma::EntradaArbol& e) {
         // A folder counts once, on the way in; one that can't be read still
         // has its own blocks, as du counts them.
-        if (e.tipo != TipoEntrada::finCarpeta && e.tipo != TipoEntrada::ilegible)
+        if (e.tipo != plataforma::TipoEntrada::finCarpeta && e.tipo != plataforma::TipoEntrada::ilegible)
             suma += int64_t(e.st.st_blocks) * unidadBloque;
-        return Paso::seguir;
+        return plataforma::Paso::seguir;
     });
     return suma;
 }

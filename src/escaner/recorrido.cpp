@@ -3,7 +3,7 @@
 // artefacts (recognised and pruned on sight), installers and large files.
 #include "escaner/escaner.h"
 
-#include "nucleo/arbol.h"
+#include "plataforma/arbol.h"
 #include "nucleo/paralelo.h"
 #include "nucleo/textos.h"
 #include "plataforma/archivos.h"
@@ -70,12 +70,12 @@ Hallazgos Escaner::recorrerCarpetaPersonal(const std::optional<std::string>& git
 
     // Links are never followed and other volumes never entered. Nothing is
     // built per entry: only what is reported gets a string of its own.
-    recorrerArbol(entorno.home, [&](const EntradaArbol& e) {
+    plataforma::recorrerArbol(entorno.home, [&](const plataforma::EntradaArbol& e) {
         if (e.nivel == 0)
-            return Paso::seguir;
-        if (e.tipo == TipoEntrada::carpeta) {
+            return plataforma::Paso::seguir;
+        if (e.tipo == plataforma::TipoEntrada::carpeta) {
             if (e.nivel == 1 && (e.nombre == "Library" || e.nombre == "Applications"))
-                return Paso::podar;
+                return plataforma::Paso::podar;
             if (auto c = clasificar(e.nombre, e.padre)) {
                 const fs::path url(e.ruta), padre(e.padre);
                 Elemento el{.url = url,
@@ -83,29 +83,29 @@ Hallazgos Escaner::recorrerCarpetaPersonal(const std::optional<std::string>& git
                             .detalle = rellenar(tr("{tipo} · usado {actividad}"),
                                                 {{"tipo", c->tipo}, {"actividad", actividad(padre, url)}})};
                 proyectos.push_back({std::move(el), c->esDependencia, std::string(e.nombre), padre});
-                return Paso::podar;
+                return plataforma::Paso::podar;
             }
             const bool entrar = !(e.nombre.starts_with('.') || e.nombre == "Pods" || esPaquete(e.nombre, e.ruta.data()));
-            return entrar ? Paso::seguir : Paso::podar;
+            return entrar ? plataforma::Paso::seguir : plataforma::Paso::podar;
         }
-        if (e.tipo != TipoEntrada::archivo || e.nombre.starts_with('.'))
-            return Paso::seguir;
+        if (e.tipo != plataforma::TipoEntrada::archivo || e.nombre.starts_with('.'))
+            return plataforma::Paso::seguir;
         const int64_t tamano = int64_t(e.st.st_blocks) * 512;
         const Fecha fecha(std::chrono::seconds(e.st.st_mtim.tv_sec));
         if (esInstalador(e.nombre)) {
             instaladores.push_back({std::string(e.ruta), tamano, fecha});
-            return Paso::seguir;
+            return plataforma::Paso::seguir;
         }
         // The largest so far, largest first and equal sizes in walk order; a
         // file that wouldn't make the list costs nothing.
         if (tamano < minimo || (grandes.size() == size_t(maxGrandes) && tamano <= grandes.back().tamano))
-            return Paso::seguir;
+            return plataforma::Paso::seguir;
         const auto sitio = std::upper_bound(grandes.begin(), grandes.end(), tamano,
                                             [](int64_t t, const Archivo& a) { return t > a.tamano; });
         grandes.insert(sitio, {std::string(e.ruta), tamano, fecha});
         if (grandes.size() > size_t(maxGrandes))
             grandes.pop_back();
-        return Paso::seguir;
+        return plataforma::Paso::seguir;
     });
 
     // Folders of ambiguous names that git tracks are sources, not artefacts.

@@ -3,7 +3,7 @@
 // folders of Electron-style applications.
 #include "escaner/escaner.h"
 
-#include "nucleo/lectura.h"
+#include "plataforma/lectura.h"
 #include "nucleo/textos.h"
 
 #include <dirent.h>
@@ -85,7 +85,7 @@ std::vector<Elemento> Escaner::desdeReglas(const std::vector<Regla>& reglas, con
     for (const Regla& regla : reglas) {
         Elemento e;
         e.url = entorno.ruta(regla.ruta);
-        if (!existe(e.url))
+        if (!plataforma::existe(e.url))
             continue;
         e.nombre = regla.nombre;
         e.detalle = "~/" + regla.ruta;
@@ -114,7 +114,7 @@ std::vector<Elemento> Escaner::cachesDeElectron(const AppsAbiertas& abiertas) co
             continue;
         const std::filesystem::path app = soporte / nombre;
         // An app folder that is a link leads elsewhere: never looked into.
-        if (!esCarpeta(app) || !(existe(app / "Code Cache") || existe(app / "GPUCache")))
+        if (!esCarpeta(app) || !(plataforma::existe(app / "Code Cache") || plataforma::existe(app / "GPUCache")))
             continue;
         std::vector<std::filesystem::path> caches;
         for (const char* c : carpetasElectron)

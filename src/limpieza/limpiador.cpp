@@ -2,7 +2,7 @@
 #include "limpieza/limpiador.h"
 
 #include "escaner/medicion.h"
-#include "nucleo/ejecutar.h"
+#include "plataforma/ejecutar.h"
 #include "nucleo/textos.h"
 #include "plataforma/borrado.h"
 #include "plataforma/papelera.h"
@@ -83,7 +83,7 @@ void Limpiador::ejecutarAccion(const Elemento& e, Resultado& r) const
 {
     const Accion& a = *e.accion;
     const int64_t antes = a.medir ? tamanoEnDisco(*a.medir) : 0;
-    const auto salida = ejecutar(a.ejecutable, a.argumentos, limiteAccion);
+    const auto salida = plataforma::ejecutar(a.ejecutable, a.argumentos, limiteAccion);
     if (!salida || salida->codigo != 0) {
         r.errores.push_back(mensaje("{nombre}: no se pudo completar", e.nombre));
         return;

@@ -2,7 +2,7 @@
 #include "mapa/recorrido.h"
 
 #include "mapa/medidor.h"
-#include "nucleo/arbol.h"
+#include "plataforma/arbol.h"
 
 #include <algorithm>
 
@@ -30,7 +30,7 @@ public:
 
     // The top frame's folder has ended (e is its end): it keeps a node if
     // large enough.
-    void terminar(const EntradaArbol& e) { cerrarTope(&e); }
+    void terminar(const plataforma::EntradaArbol& e) { cerrarTope(&e); }
 
     // A walk that stops early folds its open folders, so the bytes seen still
     // reach the task's node.
@@ -40,7 +40,7 @@ public:
             cerrarTope(nullptr);
     }
 
-    void sumarArchivo(const EntradaArbol& e, int64_t b)
+    void sumarArchivo(const plataforma::EntradaArbol& e, int64_t b)
     {
         Marco& p = marcos[alto - 1];
         p.tamano += b;
@@ -75,7 +75,7 @@ private:
 
     // e is the folder's end, or null when the walk stopped inside it: then
     // it is folded into its parent as a number.
-    void cerrarTope(const EntradaArbol* e)
+    void cerrarTope(const plataforma::EntradaArbol* e)
     {
         Marco& m = marcos[--alto];
         if (alto == 0) {
@@ -134,20 +134,20 @@ void medirTarea(const std::shared_ptr<NodoDisco>& t, const Protegidas& protegida
 {
     Pila pila(t);
     uint64_t leidas = 0;
-    recorrerArbol(t->ruta, [&](const EntradaArbol& e) {
+    plataforma::recorrerArbol(t->ruta, [&](const plataforma::EntradaArbol& e) {
         if (++leidas % entradasPorConsulta == 0 && cancelado && cancelado())
-            return Paso::parar;
+            return plataforma::Paso::parar;
         const int64_t b = int64_t(e.st.st_blocks) * 512;
         switch (e.tipo) {
-        case TipoEntrada::carpeta:
+        case plataforma::TipoEntrada::carpeta:
             if (e.nivel > 0 && protegidas.contiene(e.ruta)) {
                 vistas.agregar(std::string(e.nombre));
-                return Paso::podar;
+                return plataforma::Paso::podar;
             }
             pila.abrir(b);
             break;
-        case TipoEntrada::finCarpeta:
-        case TipoEntrada::ilegible:
+        case plataforma::TipoEntrada::finCarpeta:
+        case plataforma::TipoEntrada::ilegible:
             pila.terminar(e);
             break;
         default:
@@ -156,7 +156,7 @@ void medirTarea(const std::shared_ptr<NodoDisco>& t, const Protegidas& protegida
             else
                 pila.sumarArchivo(e, b);
         }
-        return Paso::seguir;
+        return plataforma::Paso::seguir;
     });
     pila.plegarTodo();
 }

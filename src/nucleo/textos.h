@@ -2,7 +2,9 @@
 #pragma once
 
 // User-visible text. Every text the user sees is a Spanish source string looked
-// up in Qt's translations; the Spanish text is the key.
+// up in the system's translations; the Spanish text is the key.
+
+#include "plataforma/idioma.h"
 
 #include <initializer_list>
 #include <string>
@@ -10,37 +12,18 @@
 #include <utility>
 #include <vector>
 
-// The translation of a Spanish source text, UTF-8. Without an installed
-// translation (or without a QCoreApplication) this is the text itself.
-std::string tr(const char* clave);
+using plataforma::caracteres;
+using plataforma::esUtf8;
+using plataforma::idiomasDisponibles;
+using plataforma::instalarTraducciones;
+using plataforma::localeApp;
+using plataforma::minusculas;
+using plataforma::textoVisible;
+using plataforma::tr;
 
 // Puts each value in place of its "{nombre}" marker; the rest is literal.
 std::string rellenar(std::string texto,
                      std::initializer_list<std::pair<std::string_view, std::string_view>> valores);
-
-// Valid UTF-8 for display: bytes that aren't become U+FFFD. File names are
-// bytes and may not be text; this is for the edge where they are shown.
-std::string textoVisible(std::string_view bytes);
-
-// The languages the program has texts in; Spanish, the source, always.
-std::vector<std::string> idiomasDisponibles();
-
-// The best match of the user's UI languages among those, else "es".
-// Computed once per process.
-const std::string& localeApp();
-
-// Installs the translation of localeApp() into the running QCoreApplication.
-void instalarTraducciones();
-
-// Lower case for comparisons of names: full Unicode rules for valid UTF-8,
-// ASCII only for bytes that aren't text.
-std::string minusculas(std::string_view texto);
-
-// Whether the bytes are valid UTF-8.
-bool esUtf8(std::string_view bytes);
-
-// Number of characters (code points) of UTF-8 text; invalid bytes count one each.
-size_t caracteres(std::string_view texto);
 
 // The pieces of a text between separators, empty pieces left out.
 std::vector<std::string_view> trozos(std::string_view texto, char separador);

@@ -5,6 +5,7 @@
 // root's or of another user's, with an administrator's consent.
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -13,8 +14,10 @@ namespace plataforma {
 // Moves the entry into the user's Trash once an administrator agrees through
 // the system's password prompt; waits up to 300 seconds for the answer. False
 // when the user cancels, the system has no such prompt, or the move fails;
-// then nothing has changed.
-bool moverAPapeleraComoAdministrador(const std::filesystem::path& ruta);
+// then nothing has changed. `elevador` names the program that asks instead of
+// the system's own (empty: none, the move runs with the user's rights).
+bool moverAPapeleraComoAdministrador(const std::filesystem::path& ruta,
+                                     const std::optional<std::string>& elevador = std::nullopt);
 
 // On a Mac the Finder does that move and asks for the password itself: this is
 // the script for osascript, the path escaped for an AppleScript string (every

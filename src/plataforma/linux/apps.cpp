@@ -4,7 +4,7 @@
 // Contents/MacOS/ executable or the program of a visible desktop entry.
 #include "plataforma/apps.h"
 
-#include "nucleo/plist.h"
+#include "plataforma/plist.h"
 #include "plataforma/linux/xdg.h"
 
 #include <dirent.h>

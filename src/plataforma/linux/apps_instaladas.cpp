@@ -3,9 +3,9 @@
 // desktop entries and Flatpak applications.
 #include "plataforma/apps.h"
 
-#include "nucleo/arbol.h"
-#include "nucleo/plist.h"
-#include "nucleo/textos.h"
+#include "plataforma/arbol.h"
+#include "plataforma/plist.h"
+#include "plataforma/idioma.h"
 #include "plataforma/archivos.h"
 #include "plataforma/linux/xdg.h"
 #include "plataforma/sistema.h"

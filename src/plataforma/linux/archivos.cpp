@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plataforma/archivos.h"
 
-#include "nucleo/textos.h"
+#include "plataforma/idioma.h"
 
 #include <fcntl.h>
 #include <linux/fiemap.h>

@@ -4,7 +4,7 @@
 // rather than turned into a copy.
 #include "plataforma/papelera.h"
 
-#include "nucleo/textos.h"
+#include "plataforma/idioma.h"
 #include "plataforma/borrado.h"
 
 #include <gio/gio.h>

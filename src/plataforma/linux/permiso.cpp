@@ -4,8 +4,7 @@
 // pkexec (polkit's password prompt) runs mv for the rename alone.
 #include "plataforma/permiso.h"
 
-#include "nucleo/ejecutar.h"
-#include "nucleo/entorno.h"
+#include "plataforma/ejecutar.h"
 #include "plataforma/papelera.h"
 
 #include <fcntl.h>
@@ -88,13 +87,12 @@ std::optional<std::string> reservar(const fs::path& papelera, const fs::path& ru
     return std::nullopt;
 }
 
-// pkexec, or in test mode the program VORLANO_ELEVADOR names (empty: the move
-// runs with the user's own rights). Empty when there is none.
-std::optional<std::vector<std::string>> elevador()
+// The program given, or pkexec; empty when the move runs with the user's own
+// rights, absent when there is no prompt to ask through.
+std::optional<std::vector<std::string>> elevador(const std::optional<std::string>& dado)
 {
-    if (Entorno::actual().prueba)
-        if (const char* e = std::getenv("VORLANO_ELEVADOR"))
-            return *e ? std::vector<std::string>{e} : std::vector<std::string>{};
+    if (dado)
+        return dado->empty() ? std::vector<std::string>{} : std::vector<std::string>{*dado};
     if (const auto pkexec = buscarPrograma({"/usr/bin/pkexec", "/bin/pkexec"}))
         return std::vector<std::string>{*pkexec};
     return std::nullopt;
@@ -102,10 +100,10 @@ std::optional<std::vector<std::string>> elevador()
 
 } // namespace
 
-bool moverAPapeleraComoAdministrador(const fs::path& ruta)
+bool moverAPapeleraComoAdministrador(const fs::path& ruta, const std::optional<std::string>& dado)
 {
     const auto mv = buscarPrograma({"/usr/bin/mv", "/bin/mv"});
-    auto orden = elevador();
+    auto orden = elevador(dado);
     struct stat origen;
     if (!mv || !orden || ::lstat(ruta.c_str(), &origen) != 0)
         return false;

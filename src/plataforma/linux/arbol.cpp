@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "nucleo/arbol.h"
+#include "plataforma/arbol.h"
 
 #include "plataforma/carpetas.h"
 
@@ -9,6 +9,8 @@
 #include <memory>
 #include <string>
 #include <vector>
+
+namespace plataforma {
 
 namespace {
 
@@ -111,3 +113,5 @@ void recorrerArbol(const std::filesystem::path& raiz, const VisitaArbol& visitar
         ruta.pop_back();
     Caminante(visitar, std::move(ruta)).recorrer();
 }
+
+} // namespace plataforma

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "nucleo/ejecutar.h"
+#include "plataforma/ejecutar.h"
 
-#include "nucleo/textos.h"
+#include "plataforma/idioma.h"
 #include "plataforma/procesos.h"
 
 #include <poll.h>
@@ -21,6 +21,8 @@
 #include <thread>
 
 extern char** environ;
+
+namespace plataforma {
 
 namespace {
 
@@ -260,3 +262,5 @@ std::optional<int32_t> codigoDeSalida(const std::string& programa, const std::ve
         return std::nullopt;
     return WEXITSTATUS(estado);
 }
+
+} // namespace plataforma

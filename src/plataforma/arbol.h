@@ -7,6 +7,8 @@
 #include <functional>
 #include <string_view>
 
+namespace plataforma {
+
 // What recorrerArbol reports. A folder comes as `carpeta` before what it holds
 // and, unless pruned, once more after it, as `finCarpeta` or `ilegible`.
 enum class TipoEntrada {
@@ -61,3 +63,5 @@ using VisitaArbol = std::function<Paso(const EntradaArbol&)>;
 // `ilegible`. Nothing is allocated per entry or per folder once the path
 // buffer and a listing buffer per level exist.
 void recorrerArbol(const std::filesystem::path& raiz, const VisitaArbol& visitar);
+
+} // namespace plataforma

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 
+namespace plataforma {
+
 // Whether anything is at the path, links followed: a dangling link is nothing.
 bool existe(const std::filesystem::path& ruta);
 
@@ -13,3 +15,5 @@ bool existe(const std::filesystem::path& ruta);
 // can't be opened, isn't a regular file, or holds more than `maximo` bytes. A
 // FIFO or device in its place never blocks the caller.
 std::optional<std::string> leerArchivo(const std::filesystem::path& ruta, size_t maximo);
+
+} // namespace plataforma

@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "nucleo/plist.h"
+#include "plataforma/plist.h"
 
-#include "nucleo/lectura.h"
+#include "plataforma/lectura.h"
 
 #include <plist/plist.h>
 
 #include <cstdlib>
 #include <memory>
+
+namespace plataforma {
 
 namespace {
 
@@ -62,3 +64,5 @@ std::optional<std::string> textoDe(const DiccionarioPlist& d, const std::string&
         return std::nullopt;
     return it->second;
 }
+
+} // namespace plataforma

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "nucleo/lectura.h"
+#include "plataforma/lectura.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+namespace plataforma {
 
 bool existe(const std::filesystem::path& ruta)
 {
@@ -34,3 +36,5 @@ std::optional<std::string> leerArchivo(const std::filesystem::path& ruta, size_t
     ::close(fd);
     return r;
 }
+
+} // namespace plataforma

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "nucleo/ejecutar.h"
+#include "plataforma/ejecutar.h"
 
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
@@ -20,9 +20,9 @@ using Reloj = std::chrono::steady_clock;
 
 namespace {
 
-std::optional<SalidaPrograma> sh(const std::string& guion, double limite = 15)
+std::optional<plataforma::SalidaPrograma> sh(const std::string& guion, double limite = 15)
 {
-    return ejecutar("/bin/sh", {"-c", guion}, limite);
+    return plataforma::ejecutar("/bin/sh", {"-c", guion}, limite);
 }
 
 // Running (a zombie of someone else's runs nothing).
@@ -66,11 +66,11 @@ TEST_F(Ejecutar, EstadoYSalidaDeCadaPrograma)
         {casa.raiz().string(), "", std::nullopt, ""},
     };
     for (const Caso& c : casos) {
-        const auto r = ejecutar(c.programa, {"-c", c.guion});
+        const auto r = plataforma::ejecutar(c.programa, {"-c", c.guion});
         EXPECT_EQ(r.has_value(), c.codigo.has_value()) << c.guion;
         EXPECT_TRUE(!r || (r->codigo == c.codigo && r->salida == c.salida)) << c.guion;
         // The status alone: the output nobody reads must go nowhere.
-        EXPECT_EQ(codigoDeSalida(c.programa, {"-c", c.guion}), c.codigo == SIGKILL ? std::nullopt : c.codigo);
+        EXPECT_EQ(plataforma::codigoDeSalida(c.programa, {"-c", c.guion}), c.codigo == SIGKILL ? std::nullopt : c.codigo);
     }
 }
 
@@ -79,9 +79,9 @@ TEST_F(Ejecutar, SoloDescriptoresCeroADosEntradaNulaYGrupoPropio)
     const int suelto = ::open(casa.archivoCon("abierto", "x").c_str(), O_RDONLY); // no close-on-exec
     ASSERT_GE(suelto, 3);
     // ls opens one descriptor itself, to list the folder.
-    EXPECT_EQ(ejecutar("/bin/ls", {"/proc/self/fd"})->salida, "0\n1\n2\n3\n");
+    EXPECT_EQ(plataforma::ejecutar("/bin/ls", {"/proc/self/fd"})->salida, "0\n1\n2\n3\n");
     const std::string fd = "/proc/self/fd/" + std::to_string(suelto);
-    EXPECT_EQ(codigoDeSalida("/bin/sh", {"-c", "read x; r=$?; [ -e " + fd + " ] && exit 9; exit $r"}), 1);
+    EXPECT_EQ(plataforma::codigoDeSalida("/bin/sh", {"-c", "read x; r=$?; [ -e " + fd + " ] && exit 9; exit $r"}), 1);
     ::close(suelto);
     EXPECT_EQ(sh("read x; echo \"[$x]\"; [ $(ps -o pgid= -p $$) = $$ ] && echo grupo")->salida, "[]\ngrupo\n");
 }
@@ -119,7 +119,7 @@ TEST_F(Ejecutar, VariosHilosALaVez)
     std::vector<std::string> salidas(8);
     std::vector<std::thread> hilos;
     for (size_t i = 0; i < salidas.size(); ++i)
-        hilos.emplace_back([&, i] { salidas[i] = sh("echo " + std::to_string(i)).value_or(SalidaPrograma{}).salida; });
+        hilos.emplace_back([&, i] { salidas[i] = sh("echo " + std::to_string(i)).value_or(plataforma::SalidaPrograma{}).salida; });
     for (size_t i = 0; i < salidas.size(); ++i) {
         hilos[i].join();
         EXPECT_EQ(salidas[i], std::to_string(i) + "\n");
@@ -132,6 +132,6 @@ TEST(BuscarPrograma, PrimerEjecutableDeLaLista)
     const auto no = casa.archivoCon("no", "#!/bin/sh\n").string();
     const auto si = casa.archivoCon("si", "#!/bin/sh\n").string();
     ::chmod(si.c_str(), 0755);
-    EXPECT_EQ(buscarPrograma({casa.ruta("falta").string(), no, casa.raiz().string(), si, "/bin/sh"}), si);
-    EXPECT_EQ(buscarPrograma({no}), std::nullopt);
+    EXPECT_EQ(plataforma::buscarPrograma({casa.ruta("falta").string(), no, casa.raiz().string(), si, "/bin/sh"}), si);
+    EXPECT_EQ(plataforma::buscarPrograma({no}), std::nullopt);
 }

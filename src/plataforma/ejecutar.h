@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace plataforma {
+
 struct SalidaPrograma {
     // Exit status, or the signal number for a program killed by a signal.
     int32_t codigo = 0;
@@ -41,3 +43,5 @@ std::optional<int32_t> codigoDeSalida(const std::string& programa, const std::ve
 
 // The first path of the list that is an executable file, or absent.
 std::optional<std::string> buscarPrograma(const std::vector<std::string>& candidatos);
+
+} // namespace plataforma

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "nucleo/arbol.h"
+#include "plataforma/arbol.h"
 
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
@@ -25,19 +25,19 @@ int lecturas = 0;
 
 // One report as a line: "<kind> <level> <path>", the kind as find's %y
 // letters, and "fin"/"ilegible" for a folder's end.
-std::string linea(const EntradaArbol& e)
+std::string linea(const plataforma::EntradaArbol& e)
 {
-    static const char* const letras[] = {"d", "fin", "ilegible", "f", "l", "p"}; // TipoEntrada's order
+    static const char* const letras[] = {"d", "fin", "ilegible", "f", "l", "p"}; // plataforma::TipoEntrada's order
     return letras[int(e.tipo)] + (" " + std::to_string(e.nivel)) + " " + std::string(e.ruta);
 }
 
 // Every report of a walk, in order; `paso` decides what follows each.
-std::vector<std::string> recorrer(const fs::path& raiz, const VisitaArbol& paso = {})
+std::vector<std::string> recorrer(const fs::path& raiz, const plataforma::VisitaArbol& paso = {})
 {
     std::vector<std::string> r;
-    recorrerArbol(raiz, [&](const EntradaArbol& e) {
+    plataforma::recorrerArbol(raiz, [&](const plataforma::EntradaArbol& e) {
         r.push_back(linea(e));
-        return paso ? paso(e) : Paso::seguir;
+        return paso ? paso(e) : plataforma::Paso::seguir;
     });
     return r;
 }
@@ -88,17 +88,17 @@ TEST(Arbol, CadaEntradaComoFindYCadaCarpetaTerminaTrasLoQueContiene)
     std::multiset<std::string> entradas;
     std::vector<std::string> abiertas; // folders begun and not yet ended
     size_t reportes = 0;
-    recorrerArbol(casa.raiz(), [&](const EntradaArbol& e) {
+    plataforma::recorrerArbol(casa.raiz(), [&](const plataforma::EntradaArbol& e) {
         ++reportes;
         EXPECT_EQ(e.ruta.data()[e.ruta.size()], '\0');
         struct stat st;
         EXPECT_TRUE(::lstat(e.ruta.data(), &st) == 0 && st.st_ino == e.st.st_ino && st.st_blocks == e.st.st_blocks)
             << e.ruta;
         const std::string arriba = abiertas.empty() ? "" : abiertas.back();
-        if (e.tipo == TipoEntrada::finCarpeta) {
+        if (e.tipo == plataforma::TipoEntrada::finCarpeta) {
             EXPECT_EQ(arriba, e.ruta);
             abiertas.pop_back();
-            return Paso::seguir;
+            return plataforma::Paso::seguir;
         }
         EXPECT_EQ(e.nivel, int(abiertas.size())) << e.ruta;
         if (e.nivel > 0) {
@@ -106,9 +106,9 @@ TEST(Arbol, CadaEntradaComoFindYCadaCarpetaTerminaTrasLoQueContiene)
             EXPECT_EQ(std::string(e.padre) + "/" + std::string(e.nombre), e.ruta);
         }
         entradas.insert(linea(e));
-        if (e.tipo == TipoEntrada::carpeta)
+        if (e.tipo == plataforma::TipoEntrada::carpeta)
             abiertas.emplace_back(e.ruta);
-        return Paso::seguir;
+        return plataforma::Paso::seguir;
     });
     EXPECT_TRUE(abiertas.empty());
     EXPECT_EQ(entradas, segunFind(casa.raiz()));
@@ -135,15 +135,15 @@ TEST(Arbol, PararEnCualquierEntradaYPodar)
     casa.archivo("a/d", 1);
     casa.archivo("e", 1);
     casa.archivo("podada/dentro", 1);
-    const auto todo = recorrer(casa.raiz(), [](const EntradaArbol& e) {
-        return e.nombre == "podada" ? Paso::podar : Paso::seguir;
+    const auto todo = recorrer(casa.raiz(), [](const plataforma::EntradaArbol& e) {
+        return e.nombre == "podada" ? plataforma::Paso::podar : plataforma::Paso::seguir;
     });
     // Nothing in podada, and no end for it.
     ASSERT_EQ(todo.size(), 10u);
     for (size_t k = 1; k <= todo.size(); ++k) {
         size_t n = 0;
-        const auto hasta = recorrer(casa.raiz(), [&](const EntradaArbol& e) {
-            return ++n == k ? Paso::parar : e.nombre == "podada" ? Paso::podar : Paso::seguir;
+        const auto hasta = recorrer(casa.raiz(), [&](const plataforma::EntradaArbol& e) {
+            return ++n == k ? plataforma::Paso::parar : e.nombre == "podada" ? plataforma::Paso::podar : plataforma::Paso::seguir;
         });
         EXPECT_EQ(hasta, std::vector<std::string>(todo.begin(), todo.begin() + k));
     }
@@ -169,9 +169,9 @@ TEST(Arbol, Raices)
 
     // Below "/" paths don't begin with "//"; the root is "/" itself.
     std::vector<std::string> padres;
-    const auto raiz = recorrer("/", [&](const EntradaArbol& e) {
+    const auto raiz = recorrer("/", [&](const plataforma::EntradaArbol& e) {
         padres.emplace_back(e.padre);
-        return e.nivel == 0 ? Paso::seguir : Paso::podar;
+        return e.nivel == 0 ? plataforma::Paso::seguir : plataforma::Paso::podar;
     });
     EXPECT_EQ(raiz.front(), "d 0 /");
     EXPECT_EQ(raiz.back(), "fin 0 /");
