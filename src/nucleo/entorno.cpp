@@ -20,15 +20,38 @@ fs::path estandarizar(const fs::path& p)
     return n;
 }
 
+namespace {
+
+// The folder itself, every link on its way resolved; as given when it can't
+// be (it may not exist).
+fs::path resuelta(const fs::path& p)
+{
+    std::error_code ec;
+    fs::path r = fs::canonical(p, ec);
+    return ec ? p : r;
+}
+
+} // namespace
+
 Entorno Entorno::actual()
 {
     const char* v = std::getenv("VORLANO_HOME");
     if (v != nullptr && *v != '\0')
-        return Entorno{estandarizar(v), true};
-    return Entorno{estandarizar(plataforma::carpetaPersonalReal()), false};
+        return Entorno{resuelta(estandarizar(v)), true};
+    return Entorno{resuelta(estandarizar(plataforma::carpetaPersonalReal())), false};
 }
 
 fs::path Entorno::ruta(std::string_view relativa) const
 {
     return home / fs::path(relativa);
+}
+
+fs::path Entorno::base(plataforma::Base b) const
+{
+    return plataforma::carpetaBase(b, home, prueba);
+}
+
+plataforma::CarpetasPersonales Entorno::personales() const
+{
+    return plataforma::carpetasPersonales(home, base(plataforma::Base::config));
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "plataforma/lugares.h"
+
 #include <filesystem>
 #include <string_view>
 
@@ -10,11 +12,22 @@ struct Entorno {
     std::filesystem::path home;
     bool prueba = false;
 
-    // Reads the environment anew at every call; never cached.
+    // Reads the environment anew at every call; never cached. The home is
+    // resolved once here, links included, so that every stage and the path
+    // rule see the same folder.
     static Entorno actual();
 
     // home with a relative path appended; the path need not exist.
     std::filesystem::path ruta(std::string_view relativa) const;
+
+    // A base folder of programs' files for this home (plataforma::carpetaBase):
+    // in test mode always its default place inside the scratch home. It may
+    // lie outside home.
+    std::filesystem::path base(plataforma::Base b) const;
+
+    // The user's own folders, as the desktop named them (user-dirs.dirs in the
+    // config home); reads a small file at each call.
+    plataforma::CarpetasPersonales personales() const;
 };
 
 // Absolute, with "." and ".." resolved by text and no trailing slash. Links are
