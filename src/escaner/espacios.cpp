@@ -200,7 +200,7 @@ bool Escaner::seguroQueNoExiste(const std::filesystem::path& ruta)
     if (p.empty() || p.front() != '/' || plataforma::existe(p))
         return false;
     // A project on a volume that isn't mounted is away, not gone.
-    if (const auto volumen = plataforma::volumenExtraible(p); volumen && !plataforma::existe(*volumen))
+    if (plataforma::enVolumenDesmontado(p))
         return false;
     // The nearest existing folder above must be readable: only then does its
     // listing prove the absence.

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace plataforma {
 
@@ -17,10 +18,22 @@ std::optional<std::chrono::system_clock::time_point> fechaCreacion(const std::fi
 // otherwise.
 std::optional<std::chrono::system_clock::time_point> fechaLlegada(const std::filesystem::path& ruta);
 
-// The folder a removable volume is mounted on, when the absolute path lies on
-// the place where the system mounts such volumes (by its text alone; nothing
-// is looked up). Absent for any other path.
-std::optional<std::filesystem::path> volumenExtraible(const std::filesystem::path& ruta);
+// Whether the absolute path lies where volumes come and go (under /mnt,
+// /media or /run/media, at or below a mount point /etc/fstab names, or below
+// an automount point) while no volume is mounted there to hold it: then that
+// the path is missing proves nothing. False for any other path.
+bool enVolumenDesmontado(const std::filesystem::path& ruta);
+
+// One mount of the mount table: where, and whether it is an automount's trap
+// (which holds nothing until the volume comes).
+struct Montaje {
+    std::string punto;
+    bool automontaje = false;
+};
+// The same judged on given tables: the mounts in place now and the mount
+// points of /etc/fstab.
+bool enVolumenDesmontado(const std::filesystem::path& ruta, const std::vector<Montaje>& montados,
+                         const std::vector<std::string>& fstab);
 
 // Whether the path is a package: a directory the user sees as one document or
 // program (Foo.app, Bar.framework, Fotos.photoslibrary…), known here by its

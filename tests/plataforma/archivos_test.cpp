@@ -29,12 +29,40 @@ TEST(Archivos, DescripcionDeTipoPorElNombre)
     EXPECT_FALSE(plataforma::descripcionTipo("raro.zzqx"));
 }
 
-TEST(Archivos, VolumenExtraiblePorSuLugar)
+// Where volumes come and go, a missing path proves nothing until a volume
+// is mounted to hold it; an automount's trap holds nothing.
+TEST(Archivos, VolumenDesmontado)
 {
-    using plataforma::volumenExtraible;
-    EXPECT_EQ(volumenExtraible("/media/ana/USB/proyectos/web"), path("/media/ana/USB"));
-    EXPECT_EQ(volumenExtraible("//media//ana/USB/"), path("/media/ana/USB"));
-    EXPECT_EQ(volumenExtraible("/run/media/ana/Disco 2/x"), path("/run/media/ana/Disco 2"));
-    for (const char* otro : {"/media/ana", "/run/media/ana", "/run/x/ana/USB", "/home/ana/media/a/b", "media/a/b/x"})
-        EXPECT_EQ(volumenExtraible(otro), std::nullopt) << otro;
+    using M = std::vector<plataforma::Montaje>;
+    const M raiz{{"/"}, {"/home"}};
+    const M usb{{"/"}, {"/media/ana/USB"}};
+    const M trampa{{"/"}, {"/srv/nas", true}};
+    const M nas{{"/"}, {"/srv/nas", true}, {"/srv/nas/fotos"}};
+    const std::vector<std::string> fstab{"/", "/home", "/datos"};
+    const struct {
+        const char* ruta;
+        const M& montados;
+        bool desmontado;
+    } casos[] = {
+        {"/media/ana/USB/proyectos/web", raiz, true},
+        {"//media//ana/USB/", raiz, true},
+        {"/media/ana/USB/proyectos/web", usb, false},
+        {"/media/ana/OTRO/x", usb, true},
+        {"/run/media/ana/Disco 2/x", raiz, true},
+        {"/mnt/copia/x", raiz, true},
+        {"/mnt", raiz, false},             // the place itself is no volume
+        {"/datos/proyecto", raiz, true},   // named in fstab, not mounted
+        {"/datos/proyecto", M{{"/"}, {"/datos"}}, false},
+        {"/home/ana/proyecto", raiz, false}, // mounted
+        {"/srv/nas/fotos/x", trampa, true},
+        {"/srv/nas/fotos/x", nas, false},
+        {"/home/ana/media/a/b", raiz, false},
+        {"/run/x/ana/USB", raiz, false},
+        {"media/a/b/x", raiz, false},      // relative
+    };
+    for (const auto& c : casos)
+        EXPECT_EQ(plataforma::enVolumenDesmontado(c.ruta, c.montados, fstab), c.desmontado) << c.ruta;
+    // On this machine's own tables: no volume ever sits under this name.
+    EXPECT_TRUE(plataforma::enVolumenDesmontado("/mnt/vorlano-sin-montar/proyecto"));
+    EXPECT_FALSE(plataforma::enVolumenDesmontado(std::filesystem::temp_directory_path() / "vorlano-x"));
 }

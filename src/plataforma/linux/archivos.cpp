@@ -35,29 +35,6 @@ std::optional<std::chrono::system_clock::time_point> fechaLlegada(const std::fil
     return std::nullopt;
 }
 
-std::optional<std::filesystem::path> volumenExtraible(const std::filesystem::path& ruta)
-{
-    // Desktop automounters (udisks) use /media/<user>/<volume>, or
-    // /run/media/<user>/<volume> on some distributions.
-    if (!ruta.is_absolute())
-        return std::nullopt;
-    std::vector<std::filesystem::path> partes;
-    for (const auto& parte : ruta.relative_path())
-        if (!parte.empty())
-            partes.push_back(parte);
-    size_t n = 0;
-    if (partes.size() >= 3 && partes[0] == "media")
-        n = 3;
-    else if (partes.size() >= 4 && partes[0] == "run" && partes[1] == "media")
-        n = 4;
-    else
-        return std::nullopt;
-    std::filesystem::path r = ruta.root_path();
-    for (size_t i = 0; i < n; ++i)
-        r /= partes[i];
-    return r;
-}
-
 bool esPaquete(const std::filesystem::path& ruta)
 {
     return esPaquete(ruta.c_str());
