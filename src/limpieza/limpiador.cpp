@@ -21,6 +21,29 @@ std::string mensaje(const char* clave, const std::string& nombre)
 
 } // namespace
 
+Limpiador::Limpiador(Entorno e) : entorno(std::move(e))
+{
+    const fs::path home = estandarizar(entorno.home);
+    // Relative to home, for a folder strictly inside it.
+    auto relativa = [&](const fs::path& p) -> std::optional<std::string> {
+        const std::string t = estandarizar(p).native();
+        if (t.size() <= home.native().size() + 1 || !t.starts_with(home.native()) || t[home.native().size()] != '/')
+            return std::nullopt;
+        return t.substr(home.native().size() + 1);
+    };
+    raices_.assign(std::begin(raicesIntocables), std::end(raicesIntocables));
+    raices_.insert(raices_.end(), std::begin(raicesLinux), std::end(raicesLinux));
+    for (plataforma::Base b : plataforma::todasLasBases)
+        if (auto r = relativa(entorno.base(b)))
+            raices_.push_back(std::move(*r));
+    for (const fs::path& p : entorno.personales().rutas)
+        if (auto r = relativa(p))
+            raices_.push_back(std::move(*r));
+    papeleras_ = {".Trash", ".local/share/Trash"};
+    if (auto r = relativa(entorno.base(plataforma::Base::datos) / "Trash"))
+        papeleras_.push_back(std::move(*r));
+}
+
 std::optional<fs::path> Limpiador::relativaPermitida(const fs::path& ruta) const
 {
     const std::string p = estandarizar(ruta).native();
@@ -39,8 +62,11 @@ std::optional<fs::path> Limpiador::relativaPermitida(const fs::path& ruta) const
     }
     if (piezas < 2)
         return std::nullopt;
-    if (std::find(std::begin(raicesIntocables), std::end(raicesIntocables), r) != std::end(raicesIntocables))
+    if (std::find(raices_.begin(), raices_.end(), r) != raices_.end())
         return std::nullopt;
+    for (const std::string& p : papeleras_)
+        if (r.starts_with(p) && (r.size() == p.size() || r[p.size()] == '/'))
+            return std::nullopt;
     return fs::path(r);
 }
 

@@ -18,7 +18,8 @@ struct Limpiador {
     // Seconds an item's command may run before it counts as failed.
     double limiteAccion = 900;
 
-    explicit Limpiador(Entorno e) : entorno(std::move(e)) {}
+    // Reads where the user's own folders and the base folders are, once.
+    explicit Limpiador(Entorno e);
 
     // Folders of the home folder that are never removed themselves; what lies
     // below them may be.
@@ -26,10 +27,29 @@ struct Limpiador {
         "Library",   "Library/Caches", "Library/Logs", "Library/Developer", "Library/Application Support",
         "Downloads", "Documents",      "Desktop",      "Developer",         "Projects",
         "Pictures",  "Movies",         "Music"};
+    // The same on a Linux home: the parents of the base folders and what a
+    // user would lose with a whole folder: installed programs and fonts,
+    // passwords, desktop entries, autostart and user services, Flatpak's
+    // per-application data, containers.
+    static constexpr std::string_view raicesLinux[] = {
+        ".local/share",        ".local/state",           ".local/bin",
+        ".local/lib",          ".local/share/Trash",     ".local/share/keyrings",
+        ".local/share/kwalletd", ".local/share/applications", ".local/share/flatpak",
+        ".local/share/fonts",  ".local/share/containers", ".config/autostart",
+        ".config/systemd",     ".var/app"};
+
+    // Every protected root of this home, relative to it: both lists, the
+    // base folders (cache, config, data and state homes) and the user's own
+    // folders as the desktop names them, where these lie inside home.
+    const std::vector<std::string>& raices() const { return raices_; }
+    // The Trash folders of this home, relative: nothing in them is ever
+    // allowed, since only emptying the Trash removes what it holds.
+    const std::vector<std::string>& papeleras() const { return papeleras_; }
 
     // The path rule, on text only (nothing is opened, no link followed): after
     // resolving "." and "..", the path lies strictly inside the home folder,
-    // at least two components deep, and is not one of raicesIntocables.
+    // at least two components deep, is not one of raices() and is not in a
+    // Trash.
     bool permitido(const std::filesystem::path& ruta) const;
 
     // Removes every selected item: runs its command, or empties it in place
@@ -44,6 +64,9 @@ struct Limpiador {
     void vaciar(const std::filesystem::path& ruta, const std::string& nombre, std::vector<std::string>& errores) const;
 
 private:
+    std::vector<std::string> raices_;
+    std::vector<std::string> papeleras_;
+
     // The path below the home folder, if the rule allows it.
     std::optional<std::filesystem::path> relativaPermitida(const std::filesystem::path& ruta) const;
     void ejecutarAccion(const Elemento& e, Resultado& r) const;

@@ -146,6 +146,7 @@ TEST(Fallos, PapeleraEnOtroSistemaLlenaODeSoloLectura)
         montar(papelera);
         std::ofstream(papelera / "suelto") << "x";
         intentar(docs / "ro.pdf", otro);
-        intentar(papelera / "suelto", otro);
+        // What is in the Trash is never a cleaning's to move.
+        intentar(papelera / "suelto", "ruta no permitida");
     });
 }

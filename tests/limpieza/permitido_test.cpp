@@ -3,6 +3,9 @@
 // many generated paths checked against an independent reading of the rule.
 #include "limpieza/limpiador.h"
 
+#include "apoyo/casa.h"
+#include "apoyo/proceso.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -26,6 +29,43 @@ TEST(Permitido, CasosConNombre)
         EXPECT_EQ(Limpiador(Entorno{c.casa, true}).permitido(c.ruta), c.permitido) << c.casa << " " << c.ruta;
 }
 
+// The roots of a Linux home follow where the desktop put them: the user's
+// folders from user-dirs.dirs, the base folders from the environment
+// (outside test mode), and the Trash of the data home with all it holds.
+TEST(Permitido, RaicesDeUnaCasaLinux)
+{
+    apoyo::CasaPrueba casa;
+    casa.archivoCon(".config/user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"$HOME/Descargas\"\n");
+    apoyo::Variable cache("XDG_CACHE_HOME", (casa.raiz() / "var/cachés").string());
+    apoyo::Variable datos("XDG_DATA_HOME", (casa.raiz() / "var/datos").string());
+    apoyo::Variable config("XDG_CONFIG_HOME", (casa.raiz() / ".config").string());
+    const Limpiador real(Entorno{casa.raiz(), false}), prueba(casa.entorno());
+    const struct {
+        const char* ruta;
+        bool real, prueba;
+    } casos[] = {
+        {"Descargas", false, false},
+        {"Descargas/x.iso", true, true},
+        {"Downloads/x.iso", true, true},
+        {"var/cachés", false, true},
+        {"var/cachés/pip", true, true},
+        {"var/datos/Trash/files/x", false, true},
+        {".local/share/Trash", false, false},
+        {".local/share/Trash/info/x.trashinfo", false, false},
+        {".local/share/Trashcan/x", true, true},
+        {".local/share/keyrings", false, false},
+        {".local/share/keyrings/login.keyring", true, true},
+        {".config/autostart", false, false},
+        {".var/app", false, false},
+        {".var/app/org.x.App", true, true},
+        {".cache/x", true, true},
+    };
+    for (const auto& c : casos) {
+        EXPECT_EQ(real.permitido(casa.ruta(c.ruta)), c.real) << c.ruta;
+        EXPECT_EQ(prueba.permitido(casa.ruta(c.ruta)), c.prueba) << c.ruta;
+    }
+}
+
 namespace {
 
 // "." and ".." resolved on a stack of components, without std::filesystem.
@@ -47,19 +87,22 @@ std::vector<std::string> componentes(const std::string& ruta)
 } // namespace
 
 // Allowed exactly when, after resolving "." and "..", the path lies strictly
-// inside the home folder, at least two components deep, and isn't a
-// protected root. Paths are built from pieces chosen to hit every edge.
+// inside the home folder, at least two components deep, isn't a protected
+// root and isn't in a Trash. Paths are built from pieces chosen to hit every edge.
 TEST(Permitido, PropiedadSobreRutasGeneradas)
 {
     const Limpiador ana(Entorno{"/Users/ana", true});
     std::vector<std::string> piezas{".", "..", "", "Users", "ana", "ana2", "an", "Users/ana", "x", "ñandú", "Caches",
-                                    "..."};
-    std::vector<std::string> raices;
-    for (std::string_view r : Limpiador::raicesIntocables) {
-        raices.emplace_back(r);
-        piezas.emplace_back(r);
-        piezas.push_back(std::string(r) + "/hijo");
+                                    "...", ".local/share/Trash2"};
+    const std::vector<std::string>& raices = ana.raices();
+    for (const std::string& r : raices) {
+        piezas.push_back(r);
+        piezas.push_back(r + "/hijo");
     }
+    const auto enPapelera = [&](const std::string& r) {
+        return std::any_of(ana.papeleras().begin(), ana.papeleras().end(),
+                           [&](const std::string& p) { return r == p || r.starts_with(p + "/"); });
+    };
     const char* comienzos[] = {"/Users/ana", "/Users/ana/", "/", "/Users/"};
     std::mt19937 azar(20240611);
     size_t permitidas = 0;
@@ -78,7 +121,8 @@ TEST(Permitido, PropiedadSobreRutasGeneradas)
         for (size_t i = 2; i < c.size(); ++i)
             relativa += (i > 2 ? "/" : "") + c[i];
         const bool esperado = c.size() >= 4 && c[0] == "Users" && c[1] == "ana" &&
-                              std::find(raices.begin(), raices.end(), relativa) == raices.end();
+                              std::find(raices.begin(), raices.end(), relativa) == raices.end() &&
+                              !enPapelera(relativa);
         ASSERT_EQ(ana.permitido(ruta), esperado) << ruta;
         permitidas += esperado;
     }
