@@ -101,7 +101,7 @@ std::shared_ptr<NodoDisco> MedidorMapa::medir(const std::function<void(int)>& pr
 {
     // Nothing reads the home folder's own entry: the root has no own bytes.
     auto raiz = std::make_shared<NodoDisco>(entorno.home.filename().native(), entorno.home.native(), true);
-    const Protegidas protegidas(entorno.home);
+    const Protegidas protegidas(entorno.home, entorno.base(plataforma::Base::datos) / "Trash");
     std::vector<std::shared_ptr<NodoDisco>> tareas;
     Esqueleto{protegidas, *vistas, tareas}.armar(raiz, 0);
 

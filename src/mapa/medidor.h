@@ -29,8 +29,9 @@ struct MedidorMapa {
     static constexpr size_t maxHijos = 60;
 
     // Places under home that are never entered, nor is any path ending in
-    // ".photoslibrary": the system keeps them to itself, and a walk there only
-    // brings access prompts.
+    // ".photoslibrary", nor the Trash of the data home: the system keeps them
+    // to itself, and a walk there only brings access prompts; what is in the
+    // Trash is already on its way out.
     static constexpr std::string_view lugaresProtegidos[] = {
         "Library/Containers",
         "Library/Group Containers",
@@ -44,6 +45,7 @@ struct MedidorMapa {
         "Library/Biome",
         "Library/Suggestions",
         ".Trash",
+        ".local/share/Trash",
     };
 
     // Blocking; returns the closed tree and never fails: what can't be read is

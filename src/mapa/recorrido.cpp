@@ -101,12 +101,13 @@ private:
 
 } // namespace
 
-Protegidas::Protegidas(const std::filesystem::path& home)
+Protegidas::Protegidas(const std::filesystem::path& home, const std::filesystem::path& papelera)
 {
     rutas.push_back(home.native());
     rutas.emplace_back("/");
     for (std::string_view r : MedidorMapa::lugaresProtegidos)
         rutas.push_back(home.native() + "/" + std::string(r));
+    rutas.push_back(papelera.lexically_normal().native());
 }
 
 bool Protegidas::contiene(std::string_view ruta) const

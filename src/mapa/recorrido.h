@@ -15,10 +15,10 @@
 #include <vector>
 
 // The absolute paths never entered: the home itself, "/", the protected
-// places under home, and any path ending in ".photoslibrary".
+// places under home, the Trash given, and any path ending in ".photoslibrary".
 class Protegidas {
 public:
-    explicit Protegidas(const std::filesystem::path& home);
+    Protegidas(const std::filesystem::path& home, const std::filesystem::path& papelera);
     bool contiene(std::string_view ruta) const;
 
 private:

@@ -34,6 +34,7 @@ TEST(InformeMapa, OchoCarpetasConTresHijosYLasProtegidas)
     casa.archivo("c9/\xff" "raro", 1200 * 4096);
     casa.archivo("Library/Mail/V10/buzon", 300 * 4096);
     casa.archivo(".Trash/viejo", 300 * 4096);
+    casa.archivo(".local/share/Trash/files/viejo", 300 * 4096);
 
     const auto s = ejecutarVorlano(casa.raiz(), {"--mapa", "--scan"});
     EXPECT_EQ(s.estado, 0);
@@ -56,7 +57,7 @@ TEST(InformeMapa, OchoCarpetasConTresHijosYLasProtegidas)
               "      3.7 MB     datos\n"
               "  2.5 MB     c2\n"
               "      2.5 MB     datos\n"
-              "No medidas (protegidas): .Trash, Mail\n");
+              "No medidas (protegidas): .Trash, Mail, Trash\n");
 }
 
 // The unreadable folders are left to the measurer's own tests.
