@@ -31,16 +31,18 @@ archivo() {
   mkdir -p "$(dirname "$1")"
   dd if=/dev/urandom of="$1" bs=1024 count="$2" status=none
 }
-# varios <carpeta> <n> <KiB>: n files of that size.
+# varios <carpeta> <n> <KiB>: n files of that size, archivo-01.bin and on,
+# cut from one random stream (two processes, however many files).
 varios() {
-  local i
-  for ((i = 1; i <= $2; i++)); do archivo "$1/archivo-$i.bin" "$3"; done
+  mkdir -p "$1"
+  head -c $(($2 * $3 * 1024)) /dev/urandom |
+    split -b $(($3 * 1024)) -a 2 --numeric-suffixes=1 --additional-suffix=.bin - "$1/archivo-"
 }
 
 # Category "apps": caches of applications, some of the system's (never listed),
 # some owned by the rule tables (listed elsewhere), one with a name that isn't UTF-8.
-varios "Library/Caches/org.mozilla.firefox/cache2/entries" 40 96
-varios "Library/Caches/com.spotify.client/Data" 12 512
+varios "Library/Caches/org.mozilla.firefox/cache2/entries" 40 64
+varios "Library/Caches/com.spotify.client/Data" 12 256
 varios "Library/Caches/Google/Chrome/Default/Cache" 30 64
 varios "Library/Caches/com.tinyspeck.slackmacgap" 6 300
 varios "Library/Caches/org.videolan.vlc" 3 200
@@ -109,13 +111,13 @@ estado_vscode 77aa01 "$PWD/Proyectos/tesis 2023" "150 days ago"
 estado_vscode 9c01bb "$PWD/Proyectos/borrado" "10 days ago"
 estado_vscode 4d2b7e "$PWD/Proyectos/movido" "200 days ago"
 
-# Downloads. Old ones are judged by the date they were made (the birth time),
+# Descargas. Old ones are judged by the date they were made (the birth time),
 # which Linux can't set back (touch -d changes only the modification time), so
 # this home has no old downloads to offer: an old modification date counts for
 # nothing.
-archivo "Downloads/factura.pdf" 300
-archivo "Downloads/instalador.tar.gz" 4000
-touch -d "1 year ago" "Downloads/instalador.tar.gz"
+archivo "Descargas/factura.pdf" 300
+archivo "Descargas/instalador.tar.gz" 4000
+touch -d "1 year ago" "Descargas/instalador.tar.gz"
 
 # Applications in ~/Applications, with their Library. Info.plist is XML, or
 # binary where plistutil (libplist-utils) is at hand, as a Mac mostly has it.
@@ -157,9 +159,9 @@ archivo "Library/Application Support/io.juegoviejo.Juego/partidas.dat" 2400
 archivo "Library/Preferences/com.apple.dock.plist" 90
 
 # Ordinary personal files, which no category offers.
-varios "Documents/Facturas" 20 24
-varios "Pictures/Vacaciones" 25 180
-archivo "Desktop/notas.txt" 4
+varios "Documentos/Facturas" 20 24
+varios "Imágenes/Vacaciones" 25 180
+archivo "Escritorio/notas.txt" 4
 
 # Categories "compilaciones" and "dependencias": build output and installed
 # dependencies beside the file that marks their project. A build folder with
@@ -184,27 +186,96 @@ if command -v git >/dev/null; then
 fi
 
 # Category "instaladores": disk images and packages, in any case.
-archivo "Downloads/Firefox 128.dmg" 2400
-archivo "Downloads/Zoom.pkg" 900
-archivo "Downloads/Xcode_15.xip" 3100
-archivo "Desktop/Instalador.DMG" 700
+archivo "Descargas/Firefox 128.dmg" 2400
+archivo "Descargas/Zoom.pkg" 900
+archivo "Descargas/Xcode_15.xip" 3100
+archivo "Escritorio/Instalador.DMG" 700
 
 # Category "grandes", above the lowered floor: space reserved, not written.
-mkdir -p Movies Documents/Máquinas
-fallocate -l 60M "Movies/boda.mov"
-fallocate -l 35M "Documents/Máquinas/debian.img"
+mkdir -p Vídeos Documentos/Máquinas
+fallocate -l 60M "Vídeos/boda.mov"
+fallocate -l 35M "Documentos/Máquinas/debian.img"
 
-# Category "duplicados": identical copies across the personal folders.
-archivo "Documents/Contrato alquiler.pdf" 300
-cp "Documents/Contrato alquiler.pdf" "Downloads/Contrato alquiler.pdf"
-cp "Documents/Contrato alquiler.pdf" "Downloads/Contrato alquiler (1).pdf"
-cp "Pictures/Vacaciones/archivo-3.bin" "Desktop/archivo-3 copia.bin"
+# Category "duplicados": identical copies across the personal folders, which
+# user-dirs.dirs (below) names as a Spanish desktop does.
+archivo "Documentos/Contrato alquiler.pdf" 300
+cp "Documentos/Contrato alquiler.pdf" "Descargas/Contrato alquiler.pdf"
+cp "Documentos/Contrato alquiler.pdf" "Descargas/Contrato alquiler (1).pdf"
+cp "Imágenes/Vacaciones/archivo-03.bin" "Escritorio/archivo-03 copia.bin"
+
+# What a Linux desktop adds. The user's folders by their Spanish names, as
+# xdg-user-dirs writes them; the English ones are then ordinary folders.
+mkdir -p .config
+cat >.config/user-dirs.dirs <<'DIRS'
+# This file is written by xdg-user-dirs-update
+XDG_DESKTOP_DIR="$HOME/Escritorio"
+XDG_DOWNLOAD_DIR="$HOME/Descargas"
+XDG_TEMPLATES_DIR="$HOME/Plantillas"
+XDG_PUBLICSHARE_DIR="$HOME/Público"
+XDG_DOCUMENTS_DIR="$HOME/Documentos"
+XDG_MUSIC_DIR="$HOME/Música"
+XDG_PICTURES_DIR="$HOME/Imágenes"
+XDG_VIDEOS_DIR="$HOME/Vídeos"
+DIRS
+
+# Category "apps": the cache home's folders (browsers, thumbnails, fonts), an
+# Electron app's caches in the config home, a Flatpak app's cache and a
+# snap's caches of two revisions. Never offered: Xfce's saved sessions, the
+# app's data beside its caches, a browser's profile, Flatpak's config.
+varios ".cache/mozilla/firefox/k3x9.default-release/cache2/entries" 30 160
+varios ".cache/google-chrome/Default/Cache/Cache_Data" 20 200
+varios ".cache/thumbnails/large" 40 80
+varios ".cache/thumbnails/normal" 40 20
+varios ".cache/fontconfig" 4 40
+varios ".cache/sessions" 2 100
+varios ".config/discord/Cache/Cache_Data" 10 300
+varios ".config/discord/Code Cache/js" 4 150
+varios ".config/discord/GPUCache" 2 100
+varios ".config/discord/Local Storage/leveldb" 3 100
+varios ".config/google-chrome/Default/Code Cache/js" 3 100
+archivo ".config/google-chrome/Default/History" 300
+varios ".var/app/org.gimp.GIMP/cache/gimp" 6 600
+varios ".var/app/org.gimp.GIMP/config/GIMP" 2 20
+mkdir -p ".var/app/org.sin.Cache/data"
+varios "snap/spotify/84/.cache/spotify" 5 600
+varios "snap/spotify/common/.cache/datos" 2 200
+ln -s 84 snap/spotify/current
+
+# Categories "dev" and "redescarga" at their Linux places.
+varios ".cache/yarn/v6" 6 500
+varios ".cache/go-build/ab" 10 100
+varios ".cache/JetBrains/IntelliJIdea2024.1/index" 5 400
+varios ".local/share/pnpm/store/v3/files" 10 100
+varios ".config/Code/CachedExtensionVSIXs" 2 1000
+varios ".cache/ms-playwright/firefox-1447" 4 1500
+varios "miniconda3/pkgs/numpy-1.26.4" 3 1200
+
+# Category "logs": the X server's log of the last session and a logs folder
+# of the Electron app; the running session's log stays, and so does
+# .xsession-errors.old, as nothing directly in the home folder is ever removed.
+archivo ".xsession-errors.old" 300
+archivo ".local/share/xorg/Xorg.0.log.old" 200
+archivo ".local/share/xorg/Xorg.0.log" 200
+varios ".config/discord/logs" 3 100
+
+# Category "instaladores": a package and a distribution's image.
+archivo "Descargas/google-chrome-stable_current_amd64.deb" 1800
+archivo "Descargas/debian-12.5.0-amd64-netinst.iso" 2600
+
+# What no cleaning may touch: passwords, autostart entries, and the Trash
+# with what is already in it (the map leaves it out and names it).
+archivo ".local/share/keyrings/login.keyring" 8
+mkdir -p .config/autostart .local/share/Trash/info
+printf '[Desktop Entry]\nType=Application\nName=Notas\nExec=notas\n' >.config/autostart/notas.desktop
+varios ".local/share/Trash/files/viejo" 3 500
+ruta_viejo="$(url_de "$PWD/viejo")"
+printf '[Trash Info]\nPath=%s\nDeletionDate=2024-01-10T10:00:00\n' "${ruta_viejo#file://}" >.local/share/Trash/info/viejo.trashinfo
 
 # For the disk map (--mapa): music above 1 MB, and places the map never
 # enters, mail and a photo library.
-varios "Music/Albumes/Primero" 4 2500
-varios "Music/Albumes/Segundo" 3 1800
+varios "Música/Albumes/Primero" 4 2500
+varios "Música/Albumes/Segundo" 3 1800
 varios "Library/Mail/V10/INBOX.mbox" 6 500
-varios "Pictures/Fotos.photoslibrary/originals" 5 800
+varios "Imágenes/Fotos.photoslibrary/originals" 5 800
 
 echo "Casa de demostración en $casa ($(find . -type f | wc -l) archivos)"

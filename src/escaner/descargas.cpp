@@ -15,7 +15,7 @@ std::vector<Elemento> Escaner::descargasAntiguas() const
 std::vector<Elemento> Escaner::descargasAntiguas(Fecha ahora) const
 {
     std::vector<Elemento> r;
-    const std::filesystem::path carpeta = entorno.ruta("Downloads");
+    const std::filesystem::path& carpeta = personales[plataforma::Personal::descargas];
     DIR* d = ::opendir(carpeta.c_str());
     if (d == nullptr)
         return r;

@@ -18,7 +18,34 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr const char* carpetasPersonales[] = {"Desktop", "Documents", "Downloads", "Pictures", "Movies"};
+using plataforma::Personal;
+constexpr Personal carpetasDeCopias[] = {Personal::escritorio, Personal::documentos, Personal::descargas,
+                                         Personal::imagenes, Personal::videos};
+
+// Whether a lies inside b or is b, by whole components.
+bool enOIgual(const fs::path& a, const fs::path& b)
+{
+    const std::string &x = a.native(), &y = b.native();
+    return x.starts_with(y) && (x.size() == y.size() || x[y.size()] == '/');
+}
+
+// The folders to walk, each once: a folder that is another one, or lies
+// inside another one, is walked with it.
+std::vector<fs::path> carpetasAVisitar(const plataforma::CarpetasPersonales& personales)
+{
+    std::vector<fs::path> r;
+    for (size_t i = 0; i < std::size(carpetasDeCopias); ++i) {
+        const fs::path& c = personales[carpetasDeCopias[i]];
+        bool cubierta = false;
+        for (size_t j = 0; j < std::size(carpetasDeCopias) && !cubierta; ++j) {
+            const fs::path& otra = personales[carpetasDeCopias[j]];
+            cubierta = j != i && enOIgual(c, otra) && (c != otra || j < i);
+        }
+        if (!cubierta)
+            r.push_back(c);
+    }
+    return r;
+}
 
 std::string_view ultimoComponente(std::string_view ruta)
 {
@@ -97,7 +124,7 @@ bool Escaner::conservarAntes(const Candidato& a, const Candidato& b) const
 {
     if (a.creado != b.creado)
         return a.creado < b.creado;
-    const std::string descargas = entorno.ruta("Downloads").native() + '/';
+    const std::string descargas = personales[Personal::descargas].native() + '/';
     const bool da = a.ruta.starts_with(descargas), db = b.ruta.starts_with(descargas);
     if (da != db)
         return !da;
@@ -134,8 +161,8 @@ Escaner::agrupar(const std::vector<Candidato>& candidatos,
 std::vector<Elemento> Escaner::duplicados() const
 {
     std::map<int64_t, std::vector<Candidato>> porTamano;
-    for (const char* c : carpetasPersonales)
-        recoger(entorno.ruta(c), porTamano);
+    for (const fs::path& c : carpetasAVisitar(personales))
+        recoger(c, porTamano);
 
     // Only sizes with several files are hashed. All of them go through one
     // parallel pass per hash rather than one per size, so that the workers

@@ -53,6 +53,16 @@ bool incluirCacheDeApp(std::string_view nombre)
     return !n.starts_with("com.apple.") && !Escaner::cachesExcluidas().contains(n);
 }
 
+bool incluirCacheDeLinux(std::string_view nombre)
+{
+    return !Escaner::cachesLinuxExcluidas().contains(minusculas(nombre));
+}
+
+bool incluirTodo(std::string_view)
+{
+    return true;
+}
+
 } // namespace
 
 const std::unordered_set<std::string>& Escaner::cachesExcluidas()
@@ -60,6 +70,27 @@ const std::unordered_set<std::string>& Escaner::cachesExcluidas()
     static const std::unordered_set<std::string> nombres{
         "cloudkit", "familycircle", "passkit", "geoservices", "metadata", "siritts",   "homebrew", "pip",
         "node-gyp", "yarn",         "cocoapods", "go-build",  "ms-playwright", "colima", "dotslash"};
+    return nombres;
+}
+
+const std::unordered_set<std::string>& Escaner::cachesLinuxExcluidas()
+{
+    static const std::unordered_set<std::string> nombres = [] {
+        // Xfce keeps its saved sessions there, and KDE the copies of remote
+        // files open for editing: neither comes back by itself.
+        std::unordered_set<std::string> r{"sessions", "kioexec"};
+        r.insert(cachesExcluidas().begin(), cachesExcluidas().end());
+        for (const auto* tabla : {&programacion(), &redescarga(), &registros()})
+            for (const Regla& regla : *tabla) {
+                std::string_view ruta = regla.ruta;
+                if (!regla.base && ruta.starts_with(".cache/"))
+                    ruta.remove_prefix(7);
+                else if (regla.base != plataforma::Base::cache)
+                    continue;
+                r.insert(minusculas(ruta.substr(0, ruta.find('/'))));
+            }
+        return r;
+    }();
     return nombres;
 }
 
@@ -127,9 +158,15 @@ std::vector<Categoria> Escaner::escanear(const Progreso& progreso) const
     std::vector<Categoria> categorias;
 
     progreso(tr("Revisando cachés de apps…"));
-    categorias.push_back(categoria("apps", unir(hijos("Library/Caches", &abiertas, incluirCacheDeApp),
-                                                cachesDeElectron(abiertas))));
-    categorias.push_back(categoria("logs", hijos("Library/Logs", nullptr, [](std::string_view) { return true; })));
+    std::vector<Elemento> apps =
+        unir(hijos(entorno.ruta("Library/Caches"), &abiertas, incluirCacheDeApp), cachesDeElectron(abiertas));
+    if (const auto cache = base(plataforma::Base::cache))
+        apps = unir(std::move(apps), hijos(*cache, &abiertas, incluirCacheDeLinux));
+    apps = unir(unir(std::move(apps), cachesDeFlatpak(abiertas)), cachesDeSnap(abiertas));
+    categorias.push_back(categoria("apps", std::move(apps)));
+    categorias.push_back(categoria("logs", unir(unir(hijos(entorno.ruta("Library/Logs"), nullptr, incluirTodo),
+                                                     desdeReglas(registros(), abiertas, true)),
+                                                registrosDeApps())));
     cronometro.informar("cachés de apps + logs");
 
     progreso(tr("Revisando cachés de programación…"));

@@ -48,8 +48,10 @@ struct Candidato {
 // what no stage measured, removes overlaps, and returns the categories.
 struct Escaner {
     Entorno entorno;
+    // The user's own folders, read once when the scanner is made.
+    plataforma::CarpetasPersonales personales;
 
-    explicit Escaner(Entorno e) : entorno(std::move(e)) {}
+    explicit Escaner(Entorno e) : entorno(std::move(e)), personales(entorno.personales()) {}
 
     static constexpr int diasDescargas = 60;
     static constexpr int maxGrandes = 40;
@@ -61,6 +63,9 @@ struct Escaner {
 
     // Lower-case names of children of Library/Caches that "apps" leaves alone.
     static const std::unordered_set<std::string>& cachesExcluidas();
+    // The same for the cache home: those, the folders a rule of another
+    // category claims there, and what a desktop keeps there that isn't a cache.
+    static const std::unordered_set<std::string>& cachesLinuxExcluidas();
 
     // Blocking; progreso is called on this thread except while measuring (then
     // from worker threads, so it must be safe for that).
@@ -73,22 +78,47 @@ struct Escaner {
     static std::vector<Elemento> marcarUso(std::vector<Elemento> elementos, const AppsAbiertas& abiertas);
 
     // One item per direct child of a folder under home (listing order), .DS_Store
-    // and names incluir refuses left out. With abiertas, in-use items come unselected.
-    std::vector<Elemento> hijos(std::string_view de, const AppsAbiertas* abiertas,
+    // and names incluir refuses left out. With abiertas, in-use items come
+    // unselected. A folder that carpetaReal refuses gives none.
+    std::vector<Elemento> hijos(const std::filesystem::path& de, const AppsAbiertas* abiertas,
                                 const std::function<bool(std::string_view)>& incluir) const;
+
+    // The folder, if it lies strictly inside home and is reached from home
+    // through real folders only, itself included: a root that is a link
+    // gives no items.
+    std::optional<std::filesystem::path> carpetaReal(const std::filesystem::path& carpeta) const;
+    // A base folder of programs' files (cache, config, data, state home) if
+    // it passes carpetaReal and isn't one of the user's own folders.
+    std::optional<std::filesystem::path> base(plataforma::Base b) const;
+    // "~/" and the path below home, or the path itself outside it.
+    std::string mostrar(const std::filesystem::path& ruta) const;
 
     // Places known by name. Each is total: what can't be read gives fewer items.
 
-    // Development caches and tools fetched again on use; paths relative to home.
+    // Development caches, tools fetched again on use, and logs of programs
+    // known by name.
     static const std::vector<Regla>& programacion();
     static const std::vector<Regla>& redescarga();
-    // Lower-case names in Library/Application Support never searched for Electron caches.
+    static const std::vector<Regla>& registros();
+    // Lower-case names in Library/Application Support and the config home
+    // never searched for Electron caches.
     static const std::unordered_set<std::string>& appSupportExcluidas();
-    // One item per rule whose path exists (one existence test each).
+    // One item per rule whose path exists (one existence test each, and one
+    // look at each base folder).
     std::vector<Elemento> desdeReglas(const std::vector<Regla>& reglas, const AppsAbiertas& abiertas,
                                       bool seleccionar) const;
+    // The folders of Electron-style apps in Library/Application Support and
+    // the config home: those with Code Cache or GPUCache inside.
+    std::vector<std::filesystem::path> appsElectron() const;
     // One item per Electron-style app: its cache folders, never the app's own folder.
     std::vector<Elemento> cachesDeElectron(const AppsAbiertas& abiertas) const;
+    // One item per Flatpak application with a cache (~/.var/app/<id>/cache),
+    // and per Snap with caches (~/snap/<name>/<revision or common>/.cache).
+    std::vector<Elemento> cachesDeFlatpak(const AppsAbiertas& abiertas) const;
+    std::vector<Elemento> cachesDeSnap(const AppsAbiertas& abiertas) const;
+    // Logs found by their shape: the X server's logs of ended sessions, the
+    // logs folders of Electron-style apps in the config home.
+    std::vector<Elemento> registrosDeApps() const;
 
     // VS Code's and Cursor's state of projects that are gone or unopened for 3 months.
     std::vector<Elemento> espaciosDeTrabajo() const;
@@ -146,8 +176,8 @@ struct Escaner {
     // The git program: the first executable of the known places, found once.
     static const std::optional<std::string>& git();
 
-    // Every copy but one of each set of identical files in Desktop,
-    // Documents, Downloads, Pictures and Movies, in no set order.
+    // Every copy but one of each set of identical files in the user's
+    // Desktop, Documents, Downloads, Pictures and Videos, in no set order.
     std::vector<Elemento> duplicados() const;
     // The candidates split by key, computed in parallel; those without a key
     // drop out. Groups come in the order of their first member, with the

@@ -25,6 +25,7 @@ struct Editor {
 constexpr Editor editores[] = {
     {"Code", "VS Code", "com.microsoft.VSCode"},
     {"Cursor", "Cursor", "com.todesktop.230313mzl4w4u92"},
+    {"VSCodium", "VSCodium", "com.vscodium"},
 };
 
 constexpr auto tresMeses = std::chrono::seconds(90 * 86400);
@@ -157,30 +158,36 @@ std::vector<Elemento> Escaner::espaciosDeTrabajo(Fecha ahora) const
 {
     const Fecha limite = ahora - tresMeses;
     std::vector<Elemento> r;
+    // Where the editors keep their folders: a Mac's support folder, the
+    // config home on Linux.
+    std::vector<std::filesystem::path> soportes{entorno.ruta("Library/Application Support")};
+    if (const auto config = base(plataforma::Base::config))
+        soportes.push_back(*config);
     for (const Editor& ed : editores) {
-        const std::filesystem::path estados =
-            entorno.ruta("Library/Application Support/" + std::string(ed.carpeta) + "/User/workspaceStorage");
-        DIR* d = ::opendir(estados.c_str());
-        if (d == nullptr)
-            continue;
         std::vector<std::filesystem::path> borrados, viejos;
-        while (const dirent* entrada = ::readdir(d)) {
-            const std::string_view nombre = entrada->d_name;
-            if (nombre == "." || nombre == "..")
+        for (const std::filesystem::path& soporte : soportes) {
+            const std::filesystem::path estados = soporte / ed.carpeta / "User/workspaceStorage";
+            DIR* d = ::opendir(estados.c_str());
+            if (d == nullptr)
                 continue;
-            const std::filesystem::path carpeta = estados / nombre;
-            const auto proyecto = proyectoDe(carpeta);
-            if (!proyecto)
-                continue;
-            if (proyecto->esArchivo && seguroQueNoExiste(proyecto->ruta)) {
-                borrados.push_back(carpeta);
-                continue;
+            while (const dirent* entrada = ::readdir(d)) {
+                const std::string_view nombre = entrada->d_name;
+                if (nombre == "." || nombre == "..")
+                    continue;
+                const std::filesystem::path carpeta = estados / nombre;
+                const auto proyecto = proyectoDe(carpeta);
+                if (!proyecto)
+                    continue;
+                if (proyecto->esArchivo && seguroQueNoExiste(proyecto->ruta)) {
+                    borrados.push_back(carpeta);
+                    continue;
+                }
+                const auto fecha = ultimaModificacion(carpeta);
+                if (fecha && *fecha < limite)
+                    viejos.push_back(carpeta);
             }
-            const auto fecha = ultimaModificacion(carpeta);
-            if (fecha && *fecha < limite)
-                viejos.push_back(carpeta);
+            ::closedir(d);
         }
-        ::closedir(d);
         if (!borrados.empty())
             r.push_back(fila(ed, std::move(borrados), true, "{editor} · proyectos que ya no existen",
                              "Datos de 1 proyecto borrado o movido", "Datos de {n} proyectos borrados o movidos"));

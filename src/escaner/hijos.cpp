@@ -3,14 +3,16 @@
 
 #include <dirent.h>
 
-#include <cstring>
-
-std::vector<Elemento> Escaner::hijos(std::string_view de, const AppsAbiertas* abiertas,
+std::vector<Elemento> Escaner::hijos(const std::filesystem::path& de, const AppsAbiertas* abiertas,
                                      const std::function<bool(std::string_view)>& incluir) const
 {
     std::vector<Elemento> r;
-    const std::filesystem::path carpeta = entorno.ruta(de);
-    DIR* d = ::opendir(carpeta.c_str());
+    // A root that is a link (Library/Caches pointing into Documents) would
+    // turn what it points at into cache rows.
+    const auto carpeta = carpetaReal(de);
+    if (!carpeta)
+        return r;
+    DIR* d = ::opendir(carpeta->c_str());
     if (d == nullptr)
         return r;
     while (const dirent* e = ::readdir(d)) {
@@ -18,7 +20,7 @@ std::vector<Elemento> Escaner::hijos(std::string_view de, const AppsAbiertas* ab
         if (nombre == "." || nombre == ".." || nombre == ".DS_Store" || !incluir(nombre))
             continue;
         Elemento el;
-        el.url = carpeta / nombre;
+        el.url = *carpeta / nombre;
         el.nombre = std::string(nombre);
         if (abiertas != nullptr)
             el.enUso = abiertas->quienUsa(nombre, {});

@@ -15,7 +15,20 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::array<std::string_view, 3> extensionesInstalador{"dmg", "pkg", "xip"};
+// Disk images and packages a Mac installs from, and a Linux desktop's:
+// distribution packages, Flatpak bundles and references, snaps, and the
+// self-extracting .run installers (drivers, VirtualBox…).
+constexpr std::array<std::string_view, 9> extensionesInstalador{"dmg",     "pkg",        "xip",  "deb", "rpm",
+                                                                "flatpak", "flatpakref", "snap", "run"};
+// An .iso is an installer when it is named after a system, as the systems'
+// own downloads are ("debian-12.5.0-amd64-netinst.iso",
+// "Fedora-Workstation-Live-x86_64-40.iso", "Win11_23H2_Spanish_x64.iso");
+// an image the user made of a disc or a backup isn't named so.
+constexpr std::string_view sistemas[] = {
+    "almalinux", "alpine",   "archlinux", "centos",  "debian",  "elementaryos", "endeavouros", "fedora",
+    "freebsd",   "garuda",   "kali",      "kubuntu", "linuxmint", "lubuntu",    "manjaro",     "mx",
+    "neon",      "nixos",    "opensuse",  "pop-os",  "proxmox", "rhel",         "rocky",       "tails",
+    "ubuntu",    "win10",    "win11",     "windows", "xubuntu", "zorin"};
 // Artefact names that may just as well be a project's own sources: git is
 // asked about these.
 constexpr std::array<std::string_view, 6> puedeSerCodigo{"build", "dist", "target", "Library", "venv", ".venv"};
@@ -41,13 +54,28 @@ std::string_view extension(std::string_view nombre)
     return punto == std::string_view::npos || punto == 0 ? std::string_view() : nombre.substr(punto + 1);
 }
 
+// Whether the text begins with the lower-case ASCII prefix, in any case.
+bool empiezaSinCaso(std::string_view texto, std::string_view prefijo)
+{
+    return texto.size() >= prefijo.size() &&
+           std::equal(prefijo.begin(), prefijo.end(), texto.begin(),
+                      [](char b, char a) { return (a >= 'A' && a <= 'Z' ? char(a - 'A' + 'a') : a) == b; });
+}
+
 bool esInstalador(std::string_view nombre)
 {
     const std::string_view ext = extension(nombre);
-    return std::any_of(extensionesInstalador.begin(), extensionesInstalador.end(), [&](std::string_view e) {
-        return ext.size() == e.size() && std::equal(ext.begin(), ext.end(), e.begin(), [](char a, char b) {
-                   return (a >= 'A' && a <= 'Z' ? char(a - 'A' + 'a') : a) == b;
-               });
+    auto es = [&](std::string_view e) { return ext.size() == e.size() && empiezaSinCaso(ext, e); };
+    if (std::any_of(extensionesInstalador.begin(), extensionesInstalador.end(), es))
+        return true;
+    if (!es("iso"))
+        return false;
+    // The system's name, then a separator or the version.
+    return std::any_of(std::begin(sistemas), std::end(sistemas), [&](std::string_view s) {
+        if (!empiezaSinCaso(nombre, s) || nombre.size() == s.size())
+            return false;
+        const char c = nombre[s.size()];
+        return c == '-' || c == '_' || c == '.' || c == ' ' || (c >= '0' && c <= '9');
     });
 }
 

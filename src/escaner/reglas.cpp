@@ -1,25 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Places the scan asks about by name: the two rule tables and the cache
-// folders of Electron-style applications.
+// Places the scan asks about by name: the rule tables and the folders they
+// stand in. A row names the place where the tool really writes: under home
+// for tools that fix their folder there, under a base folder for those that
+// follow $XDG_CACHE_HOME and its kin.
 #include "escaner/escaner.h"
 
-#include "plataforma/lectura.h"
 #include "nucleo/textos.h"
+#include "plataforma/borrado.h"
+#include "plataforma/lectura.h"
 
-#include <dirent.h>
-#include <sys/stat.h>
+namespace fs = std::filesystem;
 
 namespace {
 
-// Cache folders of an Electron-style app, in the order they are offered.
-constexpr const char* carpetasElectron[] = {"Cache",           "Code Cache",      "GPUCache",
-                                            "DawnGraphiteCache", "DawnWebGPUCache", "CachedData"};
+constexpr auto cache = plataforma::Base::cache;
+constexpr auto config = plataforma::Base::config;
+constexpr auto datos = plataforma::Base::datos;
+constexpr auto estado = plataforma::Base::estado;
 
-// A real folder: a link to one doesn't count.
-bool esCarpeta(const std::filesystem::path& p)
+// Whether the text path lies strictly inside home.
+bool dentro(const fs::path& p, const fs::path& home)
 {
-    struct stat st;
-    return ::lstat(p.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+    const std::string& t = p.native();
+    const std::string& h = home.native();
+    return t.size() > h.size() + 1 && t.compare(0, h.size(), h) == 0 && t[h.size()] == '/';
 }
 
 } // namespace
@@ -30,9 +34,9 @@ const std::vector<Regla>& Escaner::programacion()
         {".npm/_cacache", "npm", {}},
         {".npm/_npx", "npx", {}},
         {".npm/_logs", "npm · logs", {}},
-        {".cache/uv", "uv (Python)", {}},
+        {"uv", "uv (Python)", {}, cache},
         {"Library/Caches/pip", "pip", {}},
-        {".cache/pip", "pip", {}},
+        {"pip", "pip", {}, cache},
         {"Library/Caches/Homebrew", "Homebrew", {}},
         {"Library/Caches/node-gyp", "node-gyp", {}},
         {"Library/Caches/Yarn", "Yarn", {}},
@@ -48,6 +52,35 @@ const std::vector<Regla>& Escaner::programacion()
          {"com.microsoft.VSCode"}},
         {"Library/Application Support/Cursor/CachedExtensionVSIXs", tr("Cursor · extensiones descargadas"),
          {"com.todesktop.230313mzl4w4u92"}},
+        // Where the same tools and a few more keep their caches on Linux.
+        {"Homebrew", "Homebrew", {}, cache},
+        {"node-gyp", "node-gyp", {}, cache},
+        {"yarn", "Yarn", {}, cache},
+        {".yarn/berry/cache", "Yarn", {}},
+        {"pnpm/store", "pnpm", {}, datos},
+        {"pnpm", "pnpm", {}, cache},
+        {"go-build", "Go", {}, cache},
+        // Poetry's virtual environments live beside these and stay.
+        {"pypoetry/cache", "Poetry", {}, cache},
+        {"pypoetry/artifacts", "Poetry", {}, cache},
+        {"pipenv", "pipenv", {}, cache},
+        {"deno", "Deno", {}, cache},
+        {"ccache", "ccache", {}, cache},
+        {"composer", "Composer", {}, cache},
+        {".composer/cache", "Composer", {}},
+        {"pre-commit", "pre-commit", {}, cache},
+        // Caches, indexes and logs of the IDEs; in use while one runs.
+        {"JetBrains",
+         "JetBrains",
+         {"jetbrains-toolbox", "jetbrains-idea", "jetbrains-idea-ce", "jetbrains-pycharm", "jetbrains-pycharm-ce",
+          "jetbrains-clion", "jetbrains-goland", "jetbrains-webstorm", "jetbrains-phpstorm", "jetbrains-rider",
+          "jetbrains-rubymine", "jetbrains-datagrip", "jetbrains-rustrover"},
+         cache},
+        {"Code/CachedExtensionVSIXs", tr("VS Code · extensiones descargadas"), {"code", "com.visualstudio.code"},
+         config},
+        {"Cursor/CachedExtensionVSIXs", tr("Cursor · extensiones descargadas"), {"cursor"}, config},
+        {"VSCodium/CachedExtensionVSIXs", tr("VSCodium · extensiones descargadas"), {"codium", "com.vscodium.codium"},
+         config},
     };
     return reglas;
 }
@@ -60,14 +93,43 @@ const std::vector<Regla>& Escaner::redescarga()
         {".cache/codex-runtimes", "Codex runtimes", {}},
         {"Library/Caches/colima", "Colima", {}},
         {"Library/Caches/dotslash", "dotslash", {}},
-        {".cache/huggingface", "Hugging Face", {}},
+        {"huggingface", "Hugging Face", {}, cache},
         {".ollama/models", "Ollama", {"com.electron.ollama"}},
         {".cache/hyperframes", "HyperFrames", {}},
         {".m2/repository", "Maven", {}},
-        {".pub-cache", "Flutter / Dart", {}},
+        // Only the downloaded packages: the path rule never allows a folder directly
+        // in home, and .pub-cache/bin holds globally activated tools.
+        {".pub-cache/hosted", "Flutter / Dart", {}},
         {"Library/Developer/Xcode/iOS DeviceSupport", "Xcode · iOS DeviceSupport", {"com.apple.dt.Xcode"}},
         {"Library/Developer/Xcode/watchOS DeviceSupport", "Xcode · watchOS DeviceSupport", {"com.apple.dt.Xcode"}},
         {"Library/Unity/cache", "Unity", {}},
+        // Linux places: browsers for tests, runtimes and models fetched on use.
+        {"ms-playwright", "Playwright", {}, cache},
+        {".cache/Cypress", "Cypress", {}},
+        {"electron", "Electron", {}, cache},
+        {"electron-builder", "electron-builder", {}, cache},
+        {"torch", "PyTorch", {}, cache},
+        {"colima", "Colima", {}, cache},
+        {"dotslash", "dotslash", {}, cache},
+        // The Gradle wrapper downloads its distribution again when it runs.
+        {".gradle/wrapper/dists", "Gradle (wrapper)", {}},
+        // Conda's package caches; environments keep working without them.
+        {"miniconda3/pkgs", "Conda", {}},
+        {"anaconda3/pkgs", "Conda", {}},
+        {"miniforge3/pkgs", "Conda", {}},
+        {".conda/pkgs", "Conda", {}},
+    };
+    return reglas;
+}
+
+const std::vector<Regla>& Escaner::registros()
+{
+    static const std::vector<Regla> reglas{
+        {"nvim/lsp.log", "Neovim · LSP", {"nvim"}, estado},
+        {"nvim/log", "Neovim", {"nvim"}, estado},
+        {"pipx/log", "pipx", {}, estado},
+        {"zed/logs", "Zed", {"dev.zed.zed"}, datos},
+        {"Steam/logs", "Steam", {"steam"}, datos},
     };
     return reglas;
 }
@@ -78,61 +140,55 @@ const std::unordered_set<std::string>& Escaner::appSupportExcluidas()
     return nombres;
 }
 
+std::optional<fs::path> Escaner::carpetaReal(const fs::path& carpeta) const
+{
+    if (!dentro(carpeta, entorno.home))
+        return std::nullopt;
+    if (plataforma::examinar(entorno.home, carpeta.lexically_relative(entorno.home)) != plataforma::Clase::carpeta)
+        return std::nullopt;
+    return carpeta;
+}
+
+std::optional<fs::path> Escaner::base(plataforma::Base b) const
+{
+    const fs::path carpeta = entorno.base(b);
+    // One of the user's own folders named as a base would make their files
+    // look like a program's.
+    for (const fs::path& p : personales.rutas)
+        if (carpeta == p)
+            return std::nullopt;
+    return carpetaReal(carpeta);
+}
+
+std::string Escaner::mostrar(const fs::path& ruta) const
+{
+    return dentro(ruta, entorno.home) ? "~/" + ruta.lexically_relative(entorno.home).string() : ruta.string();
+}
+
 std::vector<Elemento> Escaner::desdeReglas(const std::vector<Regla>& reglas, const AppsAbiertas& abiertas,
                                            bool seleccionar) const
 {
+    // Each base is looked at once: one outside home, a link, or missing
+    // gives its rows nothing.
+    std::optional<fs::path> bases[std::size(plataforma::todasLasBases)];
+    for (plataforma::Base b : plataforma::todasLasBases)
+        bases[size_t(b)] = base(b);
     std::vector<Elemento> r;
     for (const Regla& regla : reglas) {
+        const std::optional<fs::path>& desde = regla.base ? bases[size_t(*regla.base)] : entorno.home;
+        if (!desde)
+            continue;
         Elemento e;
-        e.url = entorno.ruta(regla.ruta);
+        e.url = *desde / regla.ruta;
         if (!plataforma::existe(e.url))
             continue;
         e.nombre = regla.nombre;
-        e.detalle = "~/" + regla.ruta;
+        e.detalle = mostrar(e.url);
         e.enUso = abiertas.quienUsa(e.url.filename().native(), regla.bundles);
         e.seleccionado = seleccionar && !e.enUso;
         e.bundles = regla.bundles;
         e.revisarUso = true;
         r.push_back(std::move(e));
     }
-    return r;
-}
-
-std::vector<Elemento> Escaner::cachesDeElectron(const AppsAbiertas& abiertas) const
-{
-    std::vector<Elemento> r;
-    const std::filesystem::path soporte = entorno.ruta("Library/Application Support");
-    DIR* d = ::opendir(soporte.c_str());
-    if (d == nullptr)
-        return r;
-    while (const dirent* entrada = ::readdir(d)) {
-        const std::string nombre = entrada->d_name;
-        if (nombre == "." || nombre == "..")
-            continue;
-        const std::string clave = minusculas(nombre);
-        if (clave.starts_with("com.apple.") || appSupportExcluidas().contains(clave))
-            continue;
-        const std::filesystem::path app = soporte / nombre;
-        // An app folder that is a link leads elsewhere: never looked into.
-        if (!esCarpeta(app) || !(plataforma::existe(app / "Code Cache") || plataforma::existe(app / "GPUCache")))
-            continue;
-        std::vector<std::filesystem::path> caches;
-        for (const char* c : carpetasElectron)
-            if (esCarpeta(app / c))
-                caches.push_back(app / c);
-        if (caches.empty())
-            continue;
-        Elemento e;
-        e.url = caches.front();
-        e.nombre = nombre;
-        e.detalle = tr("Caché interna de la app");
-        e.enUso = abiertas.quienUsa(nombre, {});
-        e.seleccionado = !e.enUso;
-        e.revisarUso = true;
-        e.nombreUso = nombre;
-        e.extra.assign(caches.begin() + 1, caches.end());
-        r.push_back(std::move(e));
-    }
-    ::closedir(d);
     return r;
 }

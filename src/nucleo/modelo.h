@@ -5,6 +5,8 @@
 // things are grouped and how safe a group is, and what a cleaning reports.
 // All are plain values.
 
+#include "plataforma/lugares.h"
+
 #include <cstdint>
 #include <filesystem>
 #include <optional>
@@ -73,11 +75,14 @@ struct Resultado {
     int64_t libreDespues = 0;
 };
 
-// One row of a rule table of the scanner; ruta is relative to home.
+// One row of a rule table of the scanner: ruta is relative to home, or to
+// the base folder of programs' files that base names ($XDG_CACHE_HOME…),
+// for the programs that follow it.
 struct Regla {
     std::string ruta;
     std::string nombre;
     std::vector<std::string> bundles;
+    std::optional<plataforma::Base> base;
 };
 
 // The sections of the main window, in display order.

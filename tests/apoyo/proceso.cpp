@@ -16,6 +16,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <sstream>
+#include <stdexcept>
 
 extern char** environ;
 
@@ -90,6 +91,13 @@ Salida ejecutarPrograma(const std::string& programa, const std::vector<std::stri
     s.salida = contenido(out);
     s.errores = contenido(err);
     return s;
+}
+
+void crearCasaDemo(const std::filesystem::path& carpeta)
+{
+    const auto demo = ejecutarPrograma(VORLANO_FUENTES "/scripts/casa-demo.sh", {carpeta.string()});
+    if (demo.estado != 0)
+        throw std::runtime_error("casa-demo.sh: " + demo.errores);
 }
 
 Salida ejecutarVorlano(const std::filesystem::path& home, const std::vector<std::string>& argumentos,

@@ -49,6 +49,10 @@ int conMontajesPropios(const std::function<int()>& f);
 // The children of this process still present (alive or zombie), by pid.
 std::vector<int> hijosVivos();
 
+// The demo home of scripts/casa-demo.sh in an empty folder; throws if the
+// script fails.
+void crearCasaDemo(const std::filesystem::path& carpeta);
+
 // An environment variable of this process set (nullopt: removed) for the life
 // of the object.
 class Variable {

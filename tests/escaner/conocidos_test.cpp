@@ -25,11 +25,17 @@ std::vector<Visto> vistos(const Categoria& c)
     return r;
 }
 
+// Where a row's place lies in a scratch home, relative to it.
+std::string lugar(const Regla& r)
+{
+    return r.base ? std::string(plataforma::basePorDefecto(*r.base)) + "/" + r.ruta : r.ruta;
+}
+
 std::vector<Visto> deReglas(const std::vector<Regla>& tabla, bool seleccionado)
 {
     std::vector<Visto> r;
     for (const Regla& f : tabla)
-        r.emplace_back(f.nombre, "~/" + f.ruta, seleccionado);
+        r.emplace_back(f.nombre, "~/" + lugar(f), seleccionado);
     return r;
 }
 
@@ -42,10 +48,10 @@ TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
     // is the order in which the stages made the items.
     int64_t n = 80;
     for (const Regla& r : Escaner::programacion())
-        casa.archivo(r.ruta + "/datos", 64 * kib * n--);
+        casa.archivo(lugar(r) + "/datos", 64 * kib * n--);
     n = 40;
     for (const Regla& r : Escaner::redescarga())
-        casa.archivo(r.ruta + "/datos", 64 * kib * n--);
+        casa.archivo(lugar(r) + "/datos", 64 * kib * n--);
     casa.archivo("Library/Caches/org.ejemplo.app/datos", 900 * kib);
     // Electron-style apps: with the signature folders, without them, and with
     // one of the cache folders a link that leads out of the app. Excluded

@@ -98,7 +98,36 @@ TEST(Escaner, CachesIlegiblesDanInformeMasPequeno)
     // use; so the child looks at the listing stage alone.
     EXPECT_TRUE(apoyo::comoUsuarioSinPrivilegios(casa.raiz(), [&] {
         const Escaner esc(casa.entorno());
-        return esc.hijos("Library/Caches", nullptr, [](std::string_view) { return true; }).empty() &&
-               esc.hijos("Library/Logs", nullptr, [](std::string_view) { return true; }).size() == 1;
+        return esc.hijos(casa.ruta("Library/Caches"), nullptr, [](std::string_view) { return true; }).empty() &&
+               esc.hijos(casa.ruta("Library/Logs"), nullptr, [](std::string_view) { return true; }).size() == 1;
     }));
 }
+
+// A category root that is a link (into the user's documents here) gives no
+// items, and neither do base folders or roots of Flatpak and Snap that are.
+TEST(Escaner, RaizEnlazadaNoDaElementos)
+{
+    CasaPrueba casa;
+    casa.archivo("Documents/tesis/capitulo1.pdf", 300000);
+    for (const char* raiz : {"Library/Caches", "Library/Logs", "Library/Application Support", ".cache", ".config",
+                             ".var/app", "snap"})
+        casa.enlace(raiz, casa.ruta("Documents"));
+    casa.enlace(".local/share/xorg", casa.ruta("Documents"));
+    const auto cats = Escaner(casa.entorno()).escanear([](const std::string&) {});
+    EXPECT_TRUE(cats.empty()) << cats.front().elementos.front().url;
+}
+
+// The home given as a link: the walk sees the same folder as every other
+// stage, and the report names the folder itself.
+TEST(Escaner, CasaQueEsUnEnlace)
+{
+    CasaPrueba casa, otra;
+    casa.archivo("Downloads/instalador.deb", 300000);
+    casa.archivo("Library/Caches/org.x/d", 300000);
+    otra.enlace("casa", casa.raiz());
+    const auto s = apoyo::ejecutarVorlano(otra.ruta("casa"), {"--scan"});
+    EXPECT_TRUE(s.salida.starts_with("Carpeta: " + casa.raiz().string() + " (PRUEBA)\n")) << s.salida;
+    EXPECT_NE(s.salida.find("instalador.deb"), std::string::npos) << s.salida;
+    EXPECT_NE(s.salida.find("org.x"), std::string::npos) << s.salida;
+}
+

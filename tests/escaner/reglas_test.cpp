@@ -2,33 +2,77 @@
 #include "escaner/escaner.h"
 
 #include "apoyo/casa.h"
+#include "limpieza/limpiador.h"
 #include "nucleo/textos.h"
 
 #include <gtest/gtest.h>
 
-#include <set>
+#include <map>
 
 using apoyo::CasaPrueba;
 
-// Every row of both tables names one place inside home, written plainly,
-// and no place is claimed twice. One directly in Library/Caches must be a
-// name "apps" leaves alone, or it would be offered as an app cache too.
-TEST(Reglas, CadaFilaBajoCasaYSinRepetir)
+namespace {
+
+// Where a row's place lies in a scratch home, relative to it.
+std::string lugar(const Regla& r)
 {
-    const Entorno entorno{"/casa/u", true};
-    std::set<std::string> vistas;
-    for (const auto* tabla : {&Escaner::programacion(), &Escaner::redescarga()})
+    return r.base ? std::string(plataforma::basePorDefecto(*r.base)) + "/" + r.ruta : r.ruta;
+}
+
+} // namespace
+
+// Every place the scan knows, by name or by shape, made in one home beside
+// every protected root: each row of each table is written plainly, claims
+// no place twice and yields its item in its own category, and nothing the
+// scan yields passes the path rule's protected roots, covers one, or lies in
+// the Trash.
+TEST(Reglas, NadaDeLoQueDanPasaUnaRaizProtegida)
+{
+    CasaPrueba casa;
+    const std::pair<const std::vector<Regla>*, const char*> tablas[] = {
+        {&Escaner::programacion(), "dev"}, {&Escaner::redescarga(), "redescarga"}, {&Escaner::registros(), "logs"}};
+    std::map<std::string, std::string> esperadas; // place -> category
+    for (const auto& [tabla, categoria] : tablas)
         for (const Regla& r : *tabla) {
             SCOPED_TRACE(r.ruta);
             const std::filesystem::path p(r.ruta);
             EXPECT_FALSE(r.nombre.empty() || r.ruta.empty() || p.is_absolute());
             for (const auto& parte : p)
                 EXPECT_TRUE(parte != ".." && parte != "." && !parte.empty()); // no doubled or trailing slash
-            EXPECT_TRUE(vistas.insert(entorno.ruta(r.ruta).lexically_normal().native()).second) << "repetida";
-            if (p.parent_path() == "Library/Caches") {
-                EXPECT_TRUE(Escaner::cachesExcluidas().contains(minusculas(p.filename().native())));
+            EXPECT_TRUE(esperadas.emplace(lugar(r), categoria).second) << "repetida";
+            casa.archivo(lugar(r) + "/datos", 100000);
+        }
+    // The shapes: children of the category roots, Electron apps in both
+    // support folders, a Flatpak app, a snap, the X server's old logs.
+    for (const char* p : {"Library/Caches/org.x/d", "Library/Logs/x.log", ".cache/x/d", ".config/App/Code Cache/d",
+                          "Library/Application Support/App/GPUCache/d", ".config/App/logs/d",
+                          ".var/app/org.x.App/cache/d", "snap/x/12/.cache/d", "snap/x/common/.cache/d",
+                          ".local/share/xorg/Xorg.0.log.old", ".local/share/Trash/files/x/d"})
+        casa.archivo(p, 100000);
+    const Limpiador limpiador(casa.entorno());
+    for (const std::string& raiz : limpiador.raices())
+        casa.crearDir(raiz);
+
+    const auto bajo = [](const std::string& a, const std::string& b) {
+        return a == b || (a.starts_with(b) && a[b.size()] == '/');
+    };
+    for (const Categoria& c : Escaner(casa.entorno()).escanear([](const std::string&) {}))
+        for (const Elemento& e : c.elementos) {
+            const std::string r = e.url.lexically_relative(casa.raiz()).string();
+            if (auto it = esperadas.find(r); it != esperadas.end()) {
+                EXPECT_EQ(c.id, it->second) << r;
+                esperadas.erase(it);
+            }
+            for (const auto& u : e.urls()) {
+                const std::string ru = u.lexically_relative(casa.raiz()).string();
+                EXPECT_TRUE(limpiador.permitido(u)) << ru;
+                for (const std::string& raiz : limpiador.raices())
+                    EXPECT_FALSE(bajo(raiz, ru)) << ru << " cubre " << raiz;
+                for (const std::string& papelera : limpiador.papeleras())
+                    EXPECT_FALSE(bajo(ru, papelera) || bajo(papelera, ru)) << ru;
             }
         }
+    EXPECT_TRUE(esperadas.empty()) << esperadas.begin()->first << " no dio su elemento";
 }
 
 // Existence is all a rule tests: a file counts, a dangling link doesn't. The

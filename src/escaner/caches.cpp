@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Caches of applications found by their shape rather than by name: the cache
+// folders of Electron-style apps, Flatpak's per-application caches and Snap's
+// per-revision ones, and the logs Electron apps keep beside their caches.
+#include "escaner/escaner.h"
+
+#include "nucleo/textos.h"
+#include "plataforma/lectura.h"
+
+#include <dirent.h>
+#include <sys/stat.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Cache folders of an Electron-style app, in the order they are offered.
+constexpr const char* carpetasElectron[] = {"Cache",           "Code Cache",      "GPUCache",
+                                            "DawnGraphiteCache", "DawnWebGPUCache", "CachedData"};
+
+// A real folder: a link to one doesn't count.
+bool esCarpeta(const fs::path& p)
+{
+    struct stat st;
+    return ::lstat(p.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
+}
+
+// The names in a folder, in listing order; none when it can't be read.
+std::vector<std::string> nombres(const fs::path& carpeta)
+{
+    std::vector<std::string> r;
+    DIR* d = ::opendir(carpeta.c_str());
+    if (d == nullptr)
+        return r;
+    while (const dirent* e = ::readdir(d))
+        if (std::string_view n = e->d_name; n != "." && n != "..")
+            r.emplace_back(n);
+    ::closedir(d);
+    return r;
+}
+
+} // namespace
+
+std::vector<fs::path> Escaner::appsElectron() const
+{
+    std::vector<fs::path> r;
+    const std::optional<fs::path> raices[] = {carpetaReal(entorno.ruta("Library/Application Support")),
+                                              base(plataforma::Base::config)};
+    for (const auto& raiz : raices) {
+        if (!raiz)
+            continue;
+        for (const std::string& nombre : nombres(*raiz)) {
+            const std::string clave = minusculas(nombre);
+            if (clave.starts_with("com.apple.") || appSupportExcluidas().contains(clave))
+                continue;
+            const fs::path app = *raiz / nombre;
+            // An app folder that is a link leads elsewhere: never looked into.
+            if (esCarpeta(app) && (plataforma::existe(app / "Code Cache") || plataforma::existe(app / "GPUCache")))
+                r.push_back(app);
+        }
+    }
+    return r;
+}
+
+std::vector<Elemento> Escaner::cachesDeElectron(const AppsAbiertas& abiertas) const
+{
+    std::vector<Elemento> r;
+    for (const fs::path& app : appsElectron()) {
+        std::vector<fs::path> caches;
+        for (const char* c : carpetasElectron)
+            if (esCarpeta(app / c))
+                caches.push_back(app / c);
+        if (caches.empty())
+            continue;
+        const std::string nombre = app.filename().string();
+        Elemento e;
+        e.url = caches.front();
+        e.nombre = nombre;
+        e.detalle = tr("Caché interna de la app");
+        e.enUso = abiertas.quienUsa(nombre, {});
+        e.seleccionado = !e.enUso;
+        e.revisarUso = true;
+        e.nombreUso = nombre;
+        e.extra.assign(caches.begin() + 1, caches.end());
+        r.push_back(std::move(e));
+    }
+    return r;
+}
+
+std::vector<Elemento> Escaner::cachesDeFlatpak(const AppsAbiertas& abiertas) const
+{
+    std::vector<Elemento> r;
+    const auto raiz = carpetaReal(entorno.ruta(".var/app"));
+    if (!raiz)
+        return r;
+    for (const std::string& id : nombres(*raiz)) {
+        const fs::path cache = *raiz / id / "cache";
+        if (!esCarpeta(*raiz / id) || !esCarpeta(cache))
+            continue;
+        Elemento e;
+        e.url = cache;
+        e.nombre = id;
+        e.detalle = mostrar(cache);
+        e.bundles = {id};
+        e.enUso = abiertas.quienUsa(id, e.bundles);
+        e.seleccionado = !e.enUso;
+        e.revisarUso = true;
+        e.nombreUso = id;
+        r.push_back(std::move(e));
+    }
+    return r;
+}
+
+std::vector<Elemento> Escaner::cachesDeSnap(const AppsAbiertas& abiertas) const
+{
+    std::vector<Elemento> r;
+    const auto raiz = carpetaReal(entorno.ruta("snap"));
+    if (!raiz)
+        return r;
+    for (const std::string& snap : nombres(*raiz)) {
+        if (!esCarpeta(*raiz / snap))
+            continue;
+        // One folder per revision and "common"; "current" is a link to a
+        // revision and is left out with every other link.
+        std::vector<fs::path> caches;
+        for (const std::string& version : nombres(*raiz / snap))
+            if (esCarpeta(*raiz / snap / version) && esCarpeta(*raiz / snap / version / ".cache"))
+                caches.push_back(*raiz / snap / version / ".cache");
+        if (caches.empty())
+            continue;
+        Elemento e;
+        e.url = caches.front();
+        e.nombre = snap;
+        e.detalle = mostrar(*raiz / snap);
+        // The desktop entry of a snap is <snap>_<app>; the main app shares its name.
+        e.bundles = {snap + "_" + snap};
+        e.enUso = abiertas.quienUsa(snap, e.bundles);
+        e.seleccionado = !e.enUso;
+        e.revisarUso = true;
+        e.nombreUso = snap;
+        e.extra.assign(caches.begin() + 1, caches.end());
+        r.push_back(std::move(e));
+    }
+    return r;
+}
+
+std::vector<Elemento> Escaner::registrosDeApps() const
+{
+    // The X server run by the user keeps its logs in the data home; the
+    // ".old" ones are of sessions that ended.
+    std::vector<Elemento> r;
+    if (const auto datos = base(plataforma::Base::datos))
+        r = hijos(*datos / "xorg", nullptr, [](std::string_view n) { return n.ends_with(".old"); });
+    // Electron writes an app's logs into its folder in the config home.
+    const auto config = base(plataforma::Base::config);
+    for (const fs::path& app : appsElectron()) {
+        if (!config || app.parent_path() != *config || !esCarpeta(app / "logs"))
+            continue;
+        Elemento e;
+        e.url = app / "logs";
+        e.nombre = app.filename().string();
+        e.detalle = mostrar(e.url);
+        e.seleccionado = true;
+        r.push_back(std::move(e));
+    }
+    return r;
+}
