@@ -78,7 +78,8 @@ std::vector<std::string> idiomasDisponibles()
     // Compiled translations are embedded as :/i18n/vorlano_<locale>.qm.
     const QStringList qm = QDir(carpetaTraducciones).entryList({QStringLiteral("vorlano_*.qm")}, QDir::Files);
     for (const QString& f : qm)
-        r.push_back(f.mid(8, f.size() - 8 - 3).toStdString());
+        if (std::string id = f.mid(8, f.size() - 8 - 3).toStdString(); id != "es")
+            r.push_back(std::move(id));
     return r;
 }
 
@@ -90,7 +91,9 @@ const std::string& localeApp()
 
 void instalarTraducciones()
 {
-    if (localeApp() == "es" || QCoreApplication::instance() == nullptr)
+    // Spanish too: where the system has a Spanish catalogue, it rewords the
+    // source texts that name another system's parts.
+    if (QCoreApplication::instance() == nullptr)
         return;
     auto* t = new QTranslator(QCoreApplication::instance());
     if (t->load(QStringLiteral("vorlano_") + QString::fromStdString(localeApp()), carpetaTraducciones))

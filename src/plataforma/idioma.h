@@ -25,7 +25,8 @@ std::vector<std::string> idiomasDisponibles();
 // Computed once per process.
 const std::string& localeApp();
 
-// Installs the translation of localeApp() into the running QCoreApplication.
+// Installs the translation of localeApp() into the running QCoreApplication;
+// for Spanish, the catalogue of the system's own wording where there is one.
 void instalarTraducciones();
 
 // Lower case for comparisons of names: full Unicode rules for valid UTF-8,

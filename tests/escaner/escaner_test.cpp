@@ -3,8 +3,12 @@
 
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
+#include "nucleo/textos.h"
 
 #include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QTranslator>
 
 using apoyo::CasaPrueba;
 
@@ -131,3 +135,25 @@ TEST(Escaner, CasaQueEsUnEnlace)
     EXPECT_NE(s.salida.find("org.x"), std::string::npos) << s.salida;
 }
 
+// The Spanish catalogue a Linux build embeds rewords the texts that name the
+// Mac; without it, the source texts stand.
+TEST(Escaner, CatalogoDeLinuxNoNombraElMac)
+{
+    const Escaner esc(Entorno{"/h", true});
+    const char* ids[] = {"apps",   "logs",     "dev",        "redescarga", "compilaciones", "dependencias",
+                         "instaladores", "grandes", "huerfanos", "duplicados", "descargas"};
+    auto nombraMac = [&] {
+        for (const char* id : ids)
+            for (const std::string& t : {esc.categoria(id, {}).titulo, esc.categoria(id, {}).descripcion})
+                if (t.find("Mac") != std::string::npos || t.find(".dmg") != std::string::npos)
+                    return true;
+        return false;
+    };
+    EXPECT_TRUE(nombraMac());
+    QTranslator catalogo;
+    ASSERT_TRUE(catalogo.load(QStringLiteral("vorlano_es"), QStringLiteral(":/i18n")));
+    QCoreApplication::installTranslator(&catalogo);
+    EXPECT_FALSE(nombraMac());
+    QCoreApplication::removeTranslator(&catalogo);
+    EXPECT_EQ(idiomasDisponibles(), std::vector<std::string>{"es"});
+}
