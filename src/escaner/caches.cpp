@@ -7,7 +7,6 @@
 #include "nucleo/textos.h"
 #include "plataforma/lectura.h"
 
-#include <dirent.h>
 #include <sys/stat.h>
 
 namespace fs = std::filesystem;
@@ -25,20 +24,6 @@ bool esCarpeta(const fs::path& p)
     return ::lstat(p.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
 }
 
-// The names in a folder, in listing order; none when it can't be read.
-std::vector<std::string> nombres(const fs::path& carpeta)
-{
-    std::vector<std::string> r;
-    DIR* d = ::opendir(carpeta.c_str());
-    if (d == nullptr)
-        return r;
-    while (const dirent* e = ::readdir(d))
-        if (std::string_view n = e->d_name; n != "." && n != "..")
-            r.emplace_back(n);
-    ::closedir(d);
-    return r;
-}
-
 } // namespace
 
 std::vector<fs::path> Escaner::appsElectron() const
@@ -49,7 +34,7 @@ std::vector<fs::path> Escaner::appsElectron() const
     for (const auto& raiz : raices) {
         if (!raiz)
             continue;
-        for (const std::string& nombre : nombres(*raiz)) {
+        for (const std::string& nombre : plataforma::nombresEn(*raiz)) {
             const std::string clave = minusculas(nombre);
             if (clave.starts_with("com.apple.") || appSupportExcluidas().contains(clave))
                 continue;
@@ -93,7 +78,7 @@ std::vector<Elemento> Escaner::cachesDeFlatpak(const AppsAbiertas& abiertas) con
     const auto raiz = carpetaReal(entorno.ruta(".var/app"));
     if (!raiz)
         return r;
-    for (const std::string& id : nombres(*raiz)) {
+    for (const std::string& id : plataforma::nombresEn(*raiz)) {
         const fs::path cache = *raiz / id / "cache";
         if (!esCarpeta(*raiz / id) || !esCarpeta(cache))
             continue;
@@ -117,13 +102,13 @@ std::vector<Elemento> Escaner::cachesDeSnap(const AppsAbiertas& abiertas) const
     const auto raiz = carpetaReal(entorno.ruta("snap"));
     if (!raiz)
         return r;
-    for (const std::string& snap : nombres(*raiz)) {
+    for (const std::string& snap : plataforma::nombresEn(*raiz)) {
         if (!esCarpeta(*raiz / snap))
             continue;
         // One folder per revision and "common"; "current" is a link to a
         // revision and is left out with every other link.
         std::vector<fs::path> caches;
-        for (const std::string& version : nombres(*raiz / snap))
+        for (const std::string& version : plataforma::nombresEn(*raiz / snap))
             if (esCarpeta(*raiz / snap / version) && esCarpeta(*raiz / snap / version / ".cache"))
                 caches.push_back(*raiz / snap / version / ".cache");
         if (caches.empty())

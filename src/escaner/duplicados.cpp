@@ -22,13 +22,6 @@ using plataforma::Personal;
 constexpr Personal carpetasDeCopias[] = {Personal::escritorio, Personal::documentos, Personal::descargas,
                                          Personal::imagenes, Personal::videos};
 
-// Whether a lies inside b or is b, by whole components.
-bool enOIgual(const fs::path& a, const fs::path& b)
-{
-    const std::string &x = a.native(), &y = b.native();
-    return x.starts_with(y) && (x.size() == y.size() || x[y.size()] == '/');
-}
-
 // The folders to walk, each once: a folder that is another one, or lies
 // inside another one, is walked with it.
 std::vector<fs::path> carpetasAVisitar(const plataforma::CarpetasPersonales& personales)
@@ -39,7 +32,7 @@ std::vector<fs::path> carpetasAVisitar(const plataforma::CarpetasPersonales& per
         bool cubierta = false;
         for (size_t j = 0; j < std::size(carpetasDeCopias) && !cubierta; ++j) {
             const fs::path& otra = personales[carpetasDeCopias[j]];
-            cubierta = j != i && enOIgual(c, otra) && (c != otra || j < i);
+            cubierta = j != i && (dentroDe(c, otra) || (c == otra && j < i));
         }
         if (!cubierta)
             r.push_back(c);

@@ -18,14 +18,6 @@ constexpr auto config = plataforma::Base::config;
 constexpr auto datos = plataforma::Base::datos;
 constexpr auto estado = plataforma::Base::estado;
 
-// Whether the text path lies strictly inside home.
-bool dentro(const fs::path& p, const fs::path& home)
-{
-    const std::string& t = p.native();
-    const std::string& h = home.native();
-    return t.size() > h.size() + 1 && t.compare(0, h.size(), h) == 0 && t[h.size()] == '/';
-}
-
 } // namespace
 
 const std::vector<Regla>& Escaner::programacion()
@@ -142,7 +134,7 @@ const std::unordered_set<std::string>& Escaner::appSupportExcluidas()
 
 std::optional<fs::path> Escaner::carpetaReal(const fs::path& carpeta) const
 {
-    if (!dentro(carpeta, entorno.home))
+    if (!dentroDe(carpeta, entorno.home))
         return std::nullopt;
     if (plataforma::examinar(entorno.home, carpeta.lexically_relative(entorno.home)) != plataforma::Clase::carpeta)
         return std::nullopt;
@@ -162,7 +154,7 @@ std::optional<fs::path> Escaner::base(plataforma::Base b) const
 
 std::string Escaner::mostrar(const fs::path& ruta) const
 {
-    return dentro(ruta, entorno.home) ? "~/" + ruta.lexically_relative(entorno.home).string() : ruta.string();
+    return dentroDe(ruta, entorno.home) ? "~/" + ruta.lexically_relative(entorno.home).string() : ruta.string();
 }
 
 std::vector<Elemento> Escaner::desdeReglas(const std::vector<Regla>& reglas, const AppsAbiertas& abiertas,

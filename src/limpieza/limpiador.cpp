@@ -26,10 +26,10 @@ Limpiador::Limpiador(Entorno e) : entorno(std::move(e))
     const fs::path home = estandarizar(entorno.home);
     // Relative to home, for a folder strictly inside it.
     auto relativa = [&](const fs::path& p) -> std::optional<std::string> {
-        const std::string t = estandarizar(p).native();
-        if (t.size() <= home.native().size() + 1 || !t.starts_with(home.native()) || t[home.native().size()] != '/')
+        const fs::path t = estandarizar(p);
+        if (!dentroDe(t, home))
             return std::nullopt;
-        return t.substr(home.native().size() + 1);
+        return t.native().substr(home.native().size() + 1);
     };
     raices_.assign(std::begin(raicesIntocables), std::end(raicesIntocables));
     raices_.insert(raices_.end(), std::begin(raicesLinux), std::end(raicesLinux));
@@ -49,7 +49,7 @@ std::optional<fs::path> Limpiador::relativaPermitida(const fs::path& ruta) const
     const std::string p = estandarizar(ruta).native();
     const std::string h = estandarizar(entorno.home).native();
     // Strictly inside: "/home/ana2/x" is not inside "/home/ana".
-    if (p.size() <= h.size() + 1 || p.compare(0, h.size(), h) != 0 || p[h.size()] != '/')
+    if (!dentroDe(p, h))
         return std::nullopt;
     const std::string r = p.substr(h.size() + 1);
     // A direct child of the home folder is never allowed, whatever its name.

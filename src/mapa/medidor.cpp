@@ -3,12 +3,11 @@
 
 #include "mapa/recorrido.h"
 #include "nucleo/paralelo.h"
+#include "plataforma/lectura.h"
 
-#include <dirent.h>
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <cstring>
 #include <mutex>
 
 namespace {
@@ -16,19 +15,6 @@ namespace {
 // Levels 0 to 2 are listed here; each folder at level 3 is one parallel task.
 constexpr int nivelTareas = 3;
 constexpr size_t tareasPorAviso = 20;
-
-std::vector<std::string> listar(const std::string& carpeta)
-{
-    std::vector<std::string> nombres;
-    DIR* d = ::opendir(carpeta.c_str());
-    if (d == nullptr)
-        return nombres;
-    while (const dirent* e = ::readdir(d))
-        if (std::strcmp(e->d_name, ".") != 0 && std::strcmp(e->d_name, "..") != 0)
-            nombres.emplace_back(e->d_name);
-    ::closedir(d);
-    return nombres;
-}
 
 struct Esqueleto {
     const Protegidas& protegidas;
@@ -45,7 +31,7 @@ struct Esqueleto {
             return;
         }
         nodo->esqueleto = true;
-        for (const std::string& nombre : listar(nodo->ruta)) {
+        for (const std::string& nombre : plataforma::nombresEn(nodo->ruta)) {
             std::string ruta = nodo->ruta + "/" + nombre;
             struct stat st;
             if (::lstat(ruta.c_str(), &st) != 0)

@@ -20,6 +20,12 @@ fs::path estandarizar(const fs::path& p)
     return n;
 }
 
+bool dentroDe(const fs::path& ruta, const fs::path& carpeta)
+{
+    const std::string &r = ruta.native(), &c = carpeta.native();
+    return r.size() > c.size() + 1 && r.starts_with(c) && r[c.size()] == '/';
+}
+
 namespace {
 
 // The folder itself, every link on its way resolved; as given when it can't

@@ -30,6 +30,10 @@ struct Entorno {
     plataforma::CarpetasPersonales personales() const;
 };
 
+// Whether the path lies strictly inside the folder, by the text of whole
+// components: "/a/bc" is not inside "/a/b", nor is "/a/b" itself.
+bool dentroDe(const std::filesystem::path& ruta, const std::filesystem::path& carpeta);
+
 // Absolute, with "." and ".." resolved by text and no trailing slash. Links are
 // not resolved. A relative path is taken from the working directory.
 std::filesystem::path estandarizar(const std::filesystem::path& p);

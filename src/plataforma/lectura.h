@@ -5,11 +5,16 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace plataforma {
 
 // Whether anything is at the path, links followed: a dangling link is nothing.
 bool existe(const std::filesystem::path& ruta);
+
+// The names in a folder but "." and "..", in listing order; none when it
+// can't be read. Links in it are listed, not followed.
+std::vector<std::string> nombresEn(const std::filesystem::path& carpeta);
 
 // The whole content of a small regular file, links not followed. Absent when it
 // can't be opened, isn't a regular file, or holds more than `maximo` bytes. A

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plataforma/lectura.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+
+#include <cstring>
 
 namespace plataforma {
 
@@ -11,6 +14,19 @@ bool existe(const std::filesystem::path& ruta)
 {
     struct stat st;
     return ::stat(ruta.c_str(), &st) == 0;
+}
+
+std::vector<std::string> nombresEn(const std::filesystem::path& carpeta)
+{
+    std::vector<std::string> r;
+    DIR* d = ::opendir(carpeta.c_str());
+    if (d == nullptr)
+        return r;
+    while (const dirent* e = ::readdir(d))
+        if (std::strcmp(e->d_name, ".") != 0 && std::strcmp(e->d_name, "..") != 0)
+            r.emplace_back(e->d_name);
+    ::closedir(d);
+    return r;
 }
 
 std::optional<std::string> leerArchivo(const std::filesystem::path& ruta, size_t maximo)
