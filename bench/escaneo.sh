@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# `vorlano --scan` against `du -s` of the same Library folder, on a generated
-# home whose files lie mostly under Library/Caches and Library/Logs.
+# `vorlano --scan` against `du -s` of the folders whose files it measures, on
+# a generated home whose files lie mostly under Library/Caches and
+# Library/Logs and in a Linux desktop's cache home, Electron apps in the
+# config home and Flatpak caches.
 #   bench/escaneo.sh [archivos (1000000)] [rondas (5)]
 # Warm cache: one untimed run of each first. Runs alternate so both see the
 # same machine. Prints both medians of elapsed and of CPU time (user + system),
@@ -17,12 +19,14 @@ tiempos="$(mktemp)"
 trap 'rm -f "$tiempos"' EXIT
 
 mkdir -p "$base"
-generar "$casa" --archivos "$archivos" --caches 0.8 --logs 0.15 --node-modules 0.01 --hijos-caches 400 --semilla 7
+generar "$casa" --archivos "$archivos" --caches 0.4 --cache-linux 0.4 --logs 0.15 --node-modules 0.01 \
+  --hijos-caches 400 --semilla 7
+medidas=("$casa/Library" "$casa/.cache" "$casa/.config" "$casa/.var")
 
-du -s "$casa/Library" >/dev/null
+du -s "${medidas[@]}" >/dev/null
 VORLANO_HOME="$casa" "$build/vorlano" --scan >/dev/null
 for ((i = 0; i < rondas; i++)); do
-  medir du du -s "$casa/Library"
+  medir du du -s "${medidas[@]}"
   VORLANO_HOME="$casa" medir vorlano "$build/vorlano" --scan
 done
 
@@ -30,7 +34,7 @@ read -r t_du m_du <<<"$(resumen du)"
 read -r t_v m_v <<<"$(resumen vorlano)"
 echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
 c_du="$(cpu du)" c_v="$(cpu vorlano)"
-printf "%-26s %8s s   cpu %7s s   pico %7s MB\n" "du -s Library" "$t_du" "$c_du" "$m_du" \
+printf "%-26s %8s s   cpu %7s s   pico %7s MB\n" "du -s Library .cache …" "$t_du" "$c_du" "$m_du" \
   "vorlano --scan" "$t_v" "$c_v" "$m_v"
 awk -v a="$t_v" -v b="$t_du" -v ca="$c_v" -v cb="$c_du" \
   'BEGIN { printf "razón vorlano / du: %.2f, en cpu %.2f (objetivo <= 0.70)\n", a / b, ca / cb }'

@@ -3,11 +3,14 @@
 // the same tree, byte for byte.
 //
 //   generar-casa <carpeta> [--archivos N] [--profundidad D] [--semilla S]
-//                [--caches F] [--logs F] [--node-modules F] [--hijos-caches K]
-//                [--dispersos K] [--duplicados K] [--medianos K] [--personales A,B,…]
+//                [--caches F] [--cache-linux F] [--logs F] [--node-modules F]
+//                [--hijos-caches K] [--dispersos K] [--duplicados K] [--medianos K]
+//                [--personales A,B,…]
 //
 // Fractions say where the files go; the rest lands in Documents, Projects and
-// the like. Tiny files hold 1 to 3000 bytes; sparse files are 300 MB to 2 GB
+// the like. --caches fills Library/Caches; --cache-linux fills what a Linux
+// desktop has: the cache home's children (eight tenths), the caches of
+// Electron-style apps in the config home and Flatpak's per-app caches. Tiny files hold 1 to 3000 bytes; sparse files are 300 MB to 2 GB
 // long with no data. --duplicados adds K groups of identical files of
 // 100 KB to 2 MB in Documents, Downloads and Pictures; --medianos adds K
 // files of 100 KB to 4 MB with content of their own across the five personal
@@ -33,7 +36,7 @@ struct Opciones {
     long archivos = 100000;
     int profundidad = 6;
     uint64_t semilla = 1;
-    double caches = 0.5, logs = 0.1, nodeModules = 0.1;
+    double caches = 0.5, cacheLinux = 0, logs = 0.1, nodeModules = 0.1;
     int hijosCaches = 200;
     int dispersos = 10;
     int duplicados = 0;
@@ -134,6 +137,7 @@ Opciones leer(int argc, char** argv)
         else if (a == "--profundidad") o.profundidad = std::max(1, std::atoi(valor()));
         else if (a == "--semilla") o.semilla = std::strtoull(valor(), nullptr, 10);
         else if (a == "--caches") o.caches = std::atof(valor());
+        else if (a == "--cache-linux") o.cacheLinux = std::atof(valor());
         else if (a == "--logs") o.logs = std::atof(valor());
         else if (a == "--node-modules") o.nodeModules = std::atof(valor());
         else if (a == "--hijos-caches") o.hijosCaches = std::max(1, std::atoi(valor()));
@@ -149,7 +153,7 @@ Opciones leer(int argc, char** argv)
     }
     if (o.carpeta.empty()) {
         std::fprintf(stderr, "uso: generar-casa <carpeta> [--archivos N] [--profundidad D] [--semilla S] "
-                             "[--caches F] [--logs F] [--node-modules F] [--hijos-caches K] [--dispersos K] "
+                             "[--caches F] [--cache-linux F] [--logs F] [--node-modules F] [--hijos-caches K] [--dispersos K] "
                              "[--duplicados K] [--medianos K] [--personales A,B,...]\n");
         std::exit(2);
     }
@@ -167,15 +171,31 @@ int main(int argc, char** argv)
         c = char('a' + az.siguiente() % 26);
 
     const long enCaches = long(double(o.archivos) * o.caches);
+    const long enLinux = long(double(o.archivos) * o.cacheLinux);
     const long enLogs = long(double(o.archivos) * o.logs);
     const long enNode = long(double(o.archivos) * o.nodeModules);
-    const long resto = std::max(0L, o.archivos - enCaches - enLogs - enNode);
+    const long resto = std::max(0L, o.archivos - enCaches - enLinux - enLogs - enNode);
 
     // Library/Caches: many children, each a small tree.
     for (int h = 0; enCaches > 0 && h < o.hijosCaches; ++h) {
         const long n = enCaches / o.hijosCaches + (h < enCaches % o.hijosCaches ? 1 : 0);
         arbol(az, o.carpeta + "/Library/Caches/org.ejemplo.app" + std::to_string(h), n, o.profundidad, relleno);
     }
+    // A Linux desktop: the cache home's children, then Electron-style apps
+    // (Cache beside the Code Cache that marks them) and Flatpak caches.
+    const long enCacheHome = enLinux * 8 / 10, enElectron = enLinux / 10, enFlatpak = enLinux - enCacheHome - enElectron;
+    for (int h = 0; enCacheHome > 0 && h < o.hijosCaches; ++h) {
+        const long n = enCacheHome / o.hijosCaches + (h < enCacheHome % o.hijosCaches ? 1 : 0);
+        arbol(az, o.carpeta + "/.cache/app" + std::to_string(h), n, o.profundidad, relleno);
+    }
+    for (int h = 0; enElectron > 0 && h < 10; ++h) {
+        const std::string app = o.carpeta + "/.config/App" + std::to_string(h);
+        mkdirs(app + "/Code Cache");
+        arbol(az, app + "/Cache", enElectron / 10 + (h < enElectron % 10 ? 1 : 0), 3, relleno);
+    }
+    for (int h = 0; enFlatpak > 0 && h < 10; ++h)
+        arbol(az, o.carpeta + "/.var/app/org.ejemplo.App" + std::to_string(h) + "/cache",
+              enFlatpak / 10 + (h < enFlatpak % 10 ? 1 : 0), o.profundidad, relleno);
     for (int h = 0; enLogs > 0 && h < 20; ++h) {
         const long n = enLogs / 20 + (h < enLogs % 20 ? 1 : 0);
         arbol(az, o.carpeta + "/Library/Logs/registro" + std::to_string(h), n, 2, relleno);
