@@ -24,6 +24,24 @@ bool esCarpeta(const fs::path& p)
     return ::lstat(p.c_str(), &st) == 0 && S_ISDIR(st.st_mode);
 }
 
+// The row of one app's caches, checked for use by the app's name and owners:
+// pre-selected unless the app is open.
+Elemento filaDeApp(std::vector<fs::path> caches, const std::string& nombre, std::string detalle,
+                   std::vector<std::string> bundles, const AppsAbiertas& abiertas)
+{
+    Elemento e;
+    e.url = caches.front();
+    e.nombre = nombre;
+    e.detalle = std::move(detalle);
+    e.enUso = abiertas.quienUsa(nombre, bundles);
+    e.seleccionado = !e.enUso;
+    e.bundles = std::move(bundles);
+    e.revisarUso = true;
+    e.nombreUso = nombre;
+    e.extra.assign(caches.begin() + 1, caches.end());
+    return e;
+}
+
 } // namespace
 
 std::vector<fs::path> Escaner::appsElectron() const
@@ -55,19 +73,9 @@ std::vector<Elemento> Escaner::cachesDeElectron(const AppsAbiertas& abiertas) co
         for (const char* c : carpetasElectron)
             if (esCarpeta(app / c))
                 caches.push_back(app / c);
-        if (caches.empty())
-            continue;
-        const std::string nombre = app.filename().string();
-        Elemento e;
-        e.url = caches.front();
-        e.nombre = nombre;
-        e.detalle = tr("Caché interna de la app");
-        e.enUso = abiertas.quienUsa(nombre, {});
-        e.seleccionado = !e.enUso;
-        e.revisarUso = true;
-        e.nombreUso = nombre;
-        e.extra.assign(caches.begin() + 1, caches.end());
-        r.push_back(std::move(e));
+        if (!caches.empty())
+            r.push_back(filaDeApp(std::move(caches), app.filename().string(), tr("Caché interna de la app"), {},
+                                  abiertas));
     }
     return r;
 }
@@ -80,18 +88,8 @@ std::vector<Elemento> Escaner::cachesDeFlatpak(const AppsAbiertas& abiertas) con
         return r;
     for (const std::string& id : plataforma::nombresEn(*raiz)) {
         const fs::path cache = *raiz / id / "cache";
-        if (!esCarpeta(*raiz / id) || !esCarpeta(cache))
-            continue;
-        Elemento e;
-        e.url = cache;
-        e.nombre = id;
-        e.detalle = mostrar(cache);
-        e.bundles = {id};
-        e.enUso = abiertas.quienUsa(id, e.bundles);
-        e.seleccionado = !e.enUso;
-        e.revisarUso = true;
-        e.nombreUso = id;
-        r.push_back(std::move(e));
+        if (esCarpeta(*raiz / id) && esCarpeta(cache))
+            r.push_back(filaDeApp({cache}, id, mostrar(cache), {id}, abiertas));
     }
     return r;
 }
@@ -111,20 +109,9 @@ std::vector<Elemento> Escaner::cachesDeSnap(const AppsAbiertas& abiertas) const
         for (const std::string& version : plataforma::nombresEn(*raiz / snap))
             if (esCarpeta(*raiz / snap / version) && esCarpeta(*raiz / snap / version / ".cache"))
                 caches.push_back(*raiz / snap / version / ".cache");
-        if (caches.empty())
-            continue;
-        Elemento e;
-        e.url = caches.front();
-        e.nombre = snap;
-        e.detalle = mostrar(*raiz / snap);
         // The desktop entry of a snap is <snap>_<app>; the main app shares its name.
-        e.bundles = {snap + "_" + snap};
-        e.enUso = abiertas.quienUsa(snap, e.bundles);
-        e.seleccionado = !e.enUso;
-        e.revisarUso = true;
-        e.nombreUso = snap;
-        e.extra.assign(caches.begin() + 1, caches.end());
-        r.push_back(std::move(e));
+        if (!caches.empty())
+            r.push_back(filaDeApp(std::move(caches), snap, mostrar(*raiz / snap), {snap + "_" + snap}, abiertas));
     }
     return r;
 }
