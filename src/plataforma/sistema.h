@@ -13,8 +13,8 @@ namespace plataforma {
 std::filesystem::path carpetaPersonalReal();
 
 // Test mode is hermetic: point HOME and the places where the program writes
-// (data, config and cache homes: Trash, settings, history, autostart) into the
-// scratch home. carpetaPersonalReal still answers the real home.
+// (data, config, cache and state homes: Trash, settings, history, autostart)
+// into the scratch home. carpetaPersonalReal still answers the real home.
 // Called once at start-up, before any thread exists.
 void aislarEnCarpeta(const std::filesystem::path& home);
 

@@ -17,6 +17,7 @@ int main(int argc, char** argv)
     ::setenv("XDG_DATA_HOME", (casa / ".local/share").c_str(), 1);
     ::setenv("XDG_CONFIG_HOME", (casa / ".config").c_str(), 1);
     ::setenv("XDG_CACHE_HOME", (casa / ".cache").c_str(), 1);
+    ::setenv("XDG_STATE_HOME", (casa / ".local/state").c_str(), 1);
     ::unsetenv("VORLANO_HOME");
     ::unsetenv("VORLANO_TIEMPOS");
     ::unsetenv("VORLANO_GRANDE_MB");

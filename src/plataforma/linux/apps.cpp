@@ -4,6 +4,7 @@
 // Contents/MacOS/ executable or the program of a visible desktop entry.
 #include "plataforma/apps.h"
 
+#include "plataforma/entradas.h"
 #include "plataforma/plist.h"
 #include "plataforma/linux/xdg.h"
 
@@ -12,8 +13,6 @@
 #include <unistd.h>
 
 #include <climits>
-#include <cstdlib>
-#include <fstream>
 #include <set>
 #include <string_view>
 #include <unordered_map>
@@ -28,121 +27,16 @@ struct Aplicacion {
     std::string nombre;
 };
 
-std::string resolver(const std::string& p)
-{
-    char buf[PATH_MAX];
-    if (::realpath(p.c_str(), buf) == nullptr)
-        return {};
-    return buf;
-}
-
-// First word of a desktop entry's Exec line, with "env VAR=..." skipped and
-// quotes removed.
-std::string programaDeExec(std::string_view exec)
-{
-    std::vector<std::string> palabras;
-    std::string actual;
-    bool comillas = false, hay = false;
-    for (size_t i = 0; i < exec.size(); ++i) {
-        const char c = exec[i];
-        if (c == '"') {
-            comillas = !comillas;
-            hay = true;
-        } else if (c == '\\' && comillas && i + 1 < exec.size()) {
-            actual += exec[++i];
-        } else if (c == ' ' && !comillas) {
-            if (hay)
-                palabras.push_back(std::move(actual));
-            actual.clear();
-            hay = false;
-        } else {
-            actual += c;
-            hay = true;
-        }
-    }
-    if (hay)
-        palabras.push_back(std::move(actual));
-    size_t i = 0;
-    if (i < palabras.size() && palabras[i] == "env") {
-        ++i;
-        while (i < palabras.size() && palabras[i].find('=') != std::string::npos)
-            ++i;
-    }
-    return i < palabras.size() ? palabras[i] : std::string();
-}
-
-std::string buscarEnPath(const std::string& programa)
-{
-    if (programa.empty())
-        return {};
-    if (programa.find('/') != std::string::npos)
-        return resolver(programa);
-    const char* path = std::getenv("PATH");
-    std::string_view resto = path != nullptr ? path : "/usr/local/bin:/usr/bin:/bin";
-    while (!resto.empty()) {
-        const size_t dos = resto.find(':');
-        const std::string dir(resto.substr(0, dos));
-        resto = dos == std::string_view::npos ? std::string_view() : resto.substr(dos + 1);
-        if (dir.empty())
-            continue;
-        const std::string c = dir + "/" + programa;
-        if (::access(c.c_str(), X_OK) == 0)
-            return resolver(c);
-    }
-    return {};
-}
-
 // Program (resolved) -> application, from the visible desktop entries. The
 // first directory that holds an id wins, as desktop environments resolve them.
 std::unordered_map<std::string, Aplicacion> programasDeEntradas()
 {
     std::unordered_map<std::string, Aplicacion> r;
     std::set<std::string> vistos;
-    for (const fs::path& base : carpetasDeEntradas()) {
-        std::error_code ec;
-        for (fs::recursive_directory_iterator it(base, fs::directory_options::skip_permission_denied, ec), fin;
-             !ec && it != fin; it.increment(ec)) {
-            const fs::path& p = it->path();
-            if (p.extension() != ".desktop" || !it->is_regular_file(ec))
-                continue;
-            const std::string id = idDeEntrada(base, p);
-            if (!vistos.insert(id).second)
-                continue;
-
-            std::ifstream in(p);
-            std::string linea, nombre, exec, tipo;
-            bool grupo = false, oculta = false;
-            while (std::getline(in, linea)) {
-                if (!linea.empty() && linea[0] == '[') {
-                    grupo = linea == "[Desktop Entry]";
-                    continue;
-                }
-                if (!grupo)
-                    continue;
-                const size_t igual = linea.find('=');
-                if (igual == std::string::npos)
-                    continue;
-                std::string clave = linea.substr(0, igual), valor = linea.substr(igual + 1);
-                while (!clave.empty() && clave.back() == ' ')
-                    clave.pop_back();
-                while (!valor.empty() && valor.front() == ' ')
-                    valor.erase(0, 1);
-                if (clave == "Name")
-                    nombre = valor;
-                else if (clave == "Exec")
-                    exec = valor;
-                else if (clave == "Type")
-                    tipo = valor;
-                else if ((clave == "NoDisplay" || clave == "Hidden") && valor == "true")
-                    oculta = true;
-            }
-            if (tipo != "Application" || oculta || exec.empty())
-                continue;
-            const std::string programa = buscarEnPath(programaDeExec(exec));
-            if (!programa.empty())
-                r.try_emplace(programa, Aplicacion{id, nombre});
-        }
-    }
+    for (const fs::path& base : carpetasDeEntradas())
+        for (EntradaEscritorio& e : entradasDe(base))
+            if (vistos.insert(e.id).second && e.aplicacion && e.visible && !e.programa.empty())
+                r.try_emplace(e.programa.native(), Aplicacion{std::move(e.id), std::move(e.nombre)});
     return r;
 }
 

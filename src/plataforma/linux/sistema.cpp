@@ -43,6 +43,8 @@ void aislarEnCarpeta(const std::filesystem::path& home)
     ::setenv("XDG_DATA_HOME", (home / ".local/share").c_str(), 1);
     ::setenv("XDG_CONFIG_HOME", (home / ".config").c_str(), 1);
     ::setenv("XDG_CACHE_HOME", (home / ".cache").c_str(), 1);
+    // Read only, for the leftovers of applications; it must not reach the real home either.
+    ::setenv("XDG_STATE_HOME", (home / ".local/state").c_str(), 1);
 }
 
 EspacioDisco espacioDisco(const std::filesystem::path& ruta)
