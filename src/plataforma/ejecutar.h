@@ -32,8 +32,11 @@ struct SalidaPrograma {
 // output read so far.
 //
 // Blocking; safe to call from several threads at once.
+//
+// With `conErrores`, standard error goes into the same pipe as standard
+// output, for programs whose complaints are the answer.
 std::optional<SalidaPrograma> ejecutar(const std::string& programa, const std::vector<std::string>& argumentos,
-                                       double limite = 15);
+                                       double limite = 15, bool conErrores = false);
 
 // Runs the program as ejecutar does, but with both outputs to /dev/null and
 // no time limit, for programs whose exit status is the whole answer. Absent

@@ -8,9 +8,8 @@
 #include "plataforma/idioma.h"
 #include "plataforma/archivos.h"
 #include "plataforma/linux/xdg.h"
+#include "plataforma/paquetes.h"
 #include "plataforma/sistema.h"
-
-#include <cstdlib>
 
 namespace fs = std::filesystem;
 
@@ -52,10 +51,8 @@ AppsConocidas::AppsConocidas()
     }
 
     // Flatpak: one folder per application id, in the user's and the system's
-    // installation (FLATPAK_SYSTEM_DIR moves the latter, as for flatpak itself).
-    const char* sistema = std::getenv("FLATPAK_SYSTEM_DIR");
-    const fs::path instalaciones[] = {datosDeUsuario() / "flatpak",
-                                      sistema && *sistema ? fs::path(sistema) : fs::path("/var/lib/flatpak")};
+    // installation.
+    const fs::path instalaciones[] = {datosDeUsuario() / "flatpak", flatpakDeSistema()};
     for (const fs::path& inst : instalaciones) {
         std::error_code ec;
         for (fs::directory_iterator it(inst / "app", ec), fin; !ec && it != fin; it.increment(ec))

@@ -60,10 +60,11 @@ bool esEjecutable(const std::string& ruta)
 }
 
 // Starts the program with no shell: standard input from /dev/null, standard
-// output to `salida` (/dev/null when it is -1), standard error to /dev/null,
-// only descriptors 0-2 inherited, default signals, in a process group of its
-// own. The pid, or -1 if it couldn't be started.
-pid_t lanzar(const std::string& programa, const std::vector<std::string>& argumentos, int salida)
+// output to `salida` (/dev/null when it is -1), standard error to /dev/null or
+// with the output, only descriptors 0-2 inherited, default signals, in a
+// process group of its own. The pid, or -1 if it couldn't be started.
+pid_t lanzar(const std::string& programa, const std::vector<std::string>& argumentos, int salida,
+             bool conErrores = false)
 {
     posix_spawn_file_actions_t acciones;
     posix_spawn_file_actions_init(&acciones);
@@ -72,7 +73,10 @@ pid_t lanzar(const std::string& programa, const std::vector<std::string>& argume
         posix_spawn_file_actions_adddup2(&acciones, salida, 1);
     else
         posix_spawn_file_actions_addopen(&acciones, 1, "/dev/null", O_WRONLY, 0);
-    posix_spawn_file_actions_addopen(&acciones, 2, "/dev/null", O_WRONLY, 0);
+    if (conErrores && salida >= 0)
+        posix_spawn_file_actions_adddup2(&acciones, salida, 2);
+    else
+        posix_spawn_file_actions_addopen(&acciones, 2, "/dev/null", O_WRONLY, 0);
     // Whatever else this process has open, even without close-on-exec, stays here.
     posix_spawn_file_actions_addclosefrom_np(&acciones, 3);
 
@@ -164,7 +168,7 @@ void rematar(pid_t pid, int fin, int tubo)
 } // namespace
 
 std::optional<SalidaPrograma> ejecutar(const std::string& programa, const std::vector<std::string>& argumentos,
-                                       double limite)
+                                       double limite, bool conErrores)
 {
     if (!esEjecutable(programa))
         return std::nullopt;
@@ -172,7 +176,7 @@ std::optional<SalidaPrograma> ejecutar(const std::string& programa, const std::v
     if (::pipe2(tubo, O_CLOEXEC) != 0)
         return std::nullopt;
 
-    const pid_t pid = lanzar(programa, argumentos, tubo[1]);
+    const pid_t pid = lanzar(programa, argumentos, tubo[1], conErrores);
     ::close(tubo[1]);
     if (pid < 0) {
         ::close(tubo[0]);
