@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The installed applications: the bundles of the application folders, read
-// from their Info.plist.
+// from their Info.plist, and the applications of a Linux home.
 #include "desinstalador/desinstalador.h"
 
 #include "plataforma/plist.h"
 #include "nucleo/textos.h"
 #include "plataforma/apps.h"
 #include "plataforma/archivos.h"
+#include "plataforma/paquetes.h"
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -19,6 +20,15 @@
 
 namespace fs = std::filesystem;
 
+Desinstalador::Desinstalador(Entorno e) : entorno(std::move(e))
+{
+    if (!entorno.prueba) {
+        flatpakSistema = plataforma::flatpakDeSistema();
+        snaps = plataforma::raizSnaps();
+        paquetesSnap = plataforma::paquetesSnap();
+    }
+}
+
 std::vector<AppInstalada> Desinstalador::apps() const
 {
     std::vector<fs::path> raices;
@@ -28,12 +38,15 @@ std::vector<AppInstalada> Desinstalador::apps() const
 
     std::vector<AppInstalada> r;
     for (const fs::path& raiz : raices)
-        for (const fs::path& bundle : plataforma::bundlesDeApps(raiz)) {
-            auto app = leer(bundle);
-            // The system's own applications and this program are not offered.
-            if (app && !app->bundleID.starts_with("com.apple.") && app->bundleID != plataforma::identificadorPropio)
+        for (const fs::path& bundle : plataforma::bundlesDeApps(raiz))
+            if (auto app = leer(bundle))
                 r.push_back(std::move(*app));
-        }
+    for (AppInstalada& app : programas())
+        r.push_back(std::move(app));
+    // The system's own applications and this program are not offered.
+    std::erase_if(r, [](const AppInstalada& a) {
+        return a.bundleID.starts_with("com.apple.") || a.bundleID == plataforma::identificadorPropio;
+    });
 
     // The user's order of names; where the system has no locale (C), the
     // order of the language the program speaks.

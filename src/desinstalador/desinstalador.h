@@ -15,24 +15,49 @@
 #include <unordered_set>
 #include <vector>
 
-// One installed application, as read from its bundle.
+// How an application came to the machine, which decides how it leaves.
+enum class TipoApp {
+    bundle,   // an .app bundle
+    flatpak,  // a Flatpak application, of the user's installation or the system's
+    snap,     // a snap
+    appImage, // an AppImage file
+    enCasa,   // a program unpacked into the home folder, started by a desktop entry of the user's
+};
+
+// One installed application.
 struct AppInstalada {
-    std::filesystem::path url; // the .app bundle
-    std::string nombre;        // the name shown, without ".app"
-    std::string bundleID;      // may be empty; never absent
-    std::string version;       // empty when the bundle doesn't say
+    // What the application is on disk, and what is measured and moved: the
+    // .app bundle, the Flatpak app/<id> folder, the snap's package, the
+    // AppImage, or the home program's folder (its file when it has none of
+    // its own).
+    std::filesystem::path url;
+    std::string nombre; // the name shown, without ".app"
+    // The identifier: bundle identifier, Flatpak application id, snap name,
+    // or desktop file id. May be empty; never absent.
+    std::string bundleID;
+    std::string version; // empty when the application doesn't say
     // Every name by which leftovers may be found; no repeats, order of no meaning.
     std::vector<std::string> otrosNombres;
     // The bundle's owner is known and isn't the current user.
     bool deRoot = false;
     // Bytes of the bundle; 0 until someone measures it.
     int64_t tamano = 0;
+    TipoApp tipo = TipoApp::bundle;
+    // An icon file of the application's own, where it names one; else empty.
+    std::filesystem::path icono;
 };
 
 struct Desinstalador {
     Entorno entorno;
+    // The installations outside the home folder: the system's Flatpak
+    // installation, where snaps are mounted and where snapd keeps their
+    // packages. Empty in test mode, where only the home counts; tests point
+    // them at scratch folders.
+    std::filesystem::path flatpakSistema, snaps, paquetesSnap;
+    // Seconds Flatpak's or Snap's tool may take, password prompt included.
+    double limitePaquetes = 600;
 
-    explicit Desinstalador(Entorno e) : entorno(std::move(e)) {}
+    explicit Desinstalador(Entorno e);
 
     // The applications the user may uninstall, sorted by name in the user's
     // language, ignoring case; equal names stay in the order found.
@@ -41,14 +66,16 @@ struct Desinstalador {
     // One bundle; absent when it can't be read as an application.
     std::optional<AppInstalada> leer(const std::filesystem::path& url) const;
 
-    // What the application left in Library, one selected item per entry,
-    // measured, in the order of the fixed locations. Only looks.
+    // What the application left in Library and in the folders of a Linux
+    // home, one selected item per entry, measured, in the order of the fixed
+    // locations. Only looks.
     std::vector<Elemento> restos(const AppInstalada& app) const;
 
-    // Moves the bundle, then each selected leftover that the path rule allows,
-    // to the Trash. When the bundle can't be moved nothing else is touched.
-    // Sizes are those already measured; nothing is deleted. Blocking, and may
-    // wait minutes for the user's password.
+    // Removes the application (to the Trash, or through Flatpak's or Snap's
+    // own tool), then moves each selected leftover that the path rule allows
+    // to the Trash. When the application can't be removed nothing else is
+    // touched. Sizes are those already measured. Blocking, and may wait
+    // minutes for the user's password.
     Resultado desinstalar(const AppInstalada& app, const std::vector<Elemento>& restos) const;
 
     // The bundle to the Trash, asking for an administrator's consent when it
@@ -67,6 +94,19 @@ struct Desinstalador {
     static bool pareceID(std::string_view texto);
 
 private:
+    // Uninstalls a Flatpak or Snap application with its tool (in test mode
+    // VORLANO_FLATPAK and VORLANO_SNAP name stand-ins). Absent on success,
+    // else the message.
+    std::optional<std::string> quitarPaquete(const AppInstalada& app) const;
+
+    // The applications of the system's package formats, the AppImages and
+    // the home programs, unfiltered and unsorted.
+    std::vector<AppInstalada> programas() const;
+
+    // restos for a Linux home: appends to r what the application left in the
+    // base folders and the desktop's folders, skipping paths already in r.
+    void restosDeEscritorio(const AppInstalada& app, std::vector<Elemento>& r) const;
+
     // The path below the home folder, links resolved on both sides; the
     // whole path when it isn't below it.
     std::string rutaDesdeCasa(const std::filesystem::path& url) const;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Leftovers of applications that are gone: entries of the user's Library named
-// after a bundle identifier that no installed application has.
+// Leftovers of applications that are gone: entries of the user's Library, of
+// Flatpak's data folder and of the config and data homes named after an
+// application identifier that no installed application has.
 #include "desinstalador/desinstalador.h"
 
 #include "nucleo/textos.h"
@@ -15,17 +16,20 @@ namespace fs = std::filesystem;
 namespace {
 
 struct Lugar {
-    const char* carpeta;
+    fs::path carpeta;
     // The entry's name ends in it, case respected, and the identifier is the
     // rest; empty: the whole name is the identifier.
     std::string_view final;
+    // Flatpak names each folder here after its application: the owner is
+    // known, whatever vendor or first piece its id has.
+    bool flatpak = false;
 };
 
-constexpr Lugar lugares[] = {
-    {"Library/Application Support", ""}, {"Library/Saved Application State", ".savedState"},
-    {"Library/HTTPStorages", ""},        {"Library/WebKit", ""},
-    {"Library/Preferences", ".plist"},
-};
+// A Flatpak application id: three pieces or more, no blank.
+bool pareceIdFlatpak(std::string_view texto)
+{
+    return trozos(texto, '.').size() >= 3 && texto.find(' ') == std::string_view::npos;
+}
 
 } // namespace
 
@@ -54,9 +58,21 @@ bool Desinstalador::pareceID(std::string_view texto)
 
 std::vector<Elemento> Desinstalador::restosHuerfanos(const std::vector<AppInstalada>& instaladas) const
 {
-    std::unordered_set<std::string> fabricantes;
-    for (const AppInstalada& a : instaladas)
+    std::unordered_set<std::string> fabricantes, ids;
+    for (const AppInstalada& a : instaladas) {
         fabricantes.insert(fabricante(a.bundleID));
+        ids.insert(minusculas(a.bundleID));
+    }
+    const Lugar lugares[] = {
+        {entorno.ruta("Library/Application Support"), ""},
+        {entorno.ruta("Library/Saved Application State"), ".savedState"},
+        {entorno.ruta("Library/HTTPStorages"), ""},
+        {entorno.ruta("Library/WebKit"), ""},
+        {entorno.ruta("Library/Preferences"), ".plist"},
+        {entorno.ruta(".var/app"), "", true},
+        {entorno.base(plataforma::Base::config), ""},
+        {entorno.base(plataforma::Base::datos), ""},
+    };
     const std::string propio = minusculas(plataforma::identificadorPropio);
     // Reading what the system has installed costs a walk; only done when an
     // entry gets that far.
@@ -65,7 +81,7 @@ std::vector<Elemento> Desinstalador::restosHuerfanos(const std::vector<AppInstal
     std::vector<std::string> orden;
     std::map<std::string, std::vector<fs::path>> porId;
     for (const Lugar& lugar : lugares) {
-        const fs::path carpeta = entorno.ruta(lugar.carpeta);
+        const fs::path& carpeta = lugar.carpeta;
         DIR* d = ::opendir(carpeta.c_str());
         if (d == nullptr)
             continue;
@@ -78,10 +94,11 @@ std::vector<Elemento> Desinstalador::restosHuerfanos(const std::vector<AppInstal
                     continue;
                 id.remove_suffix(lugar.final.size());
             }
-            if (!pareceID(id))
+            if (lugar.flatpak ? !pareceIdFlatpak(id) : !pareceID(id))
                 continue;
             const std::string bajo = minusculas(id);
-            if (bajo.starts_with("com.apple.") || bajo == propio || fabricantes.contains(fabricante(id)))
+            if (bajo.starts_with("com.apple.") || bajo == propio || ids.contains(bajo) ||
+                (!lugar.flatpak && fabricantes.contains(fabricante(id))))
                 continue;
             if (!conocidas)
                 conocidas.emplace();

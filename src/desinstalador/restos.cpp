@@ -108,6 +108,7 @@ std::vector<Elemento> Desinstalador::restos(const AppInstalada& app) const
             r.push_back(std::move(el));
         }
     }
+    restosDeEscritorio(app, r);
     return r;
 }
 

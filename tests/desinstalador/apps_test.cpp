@@ -4,7 +4,7 @@
 
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
-#include "bundles.h"
+#include "fixturas.h"
 #include "nucleo/textos.h"
 #include "plataforma/apps.h"
 

@@ -4,7 +4,7 @@
 
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
-#include "bundles.h"
+#include "fixturas.h"
 #include "plataforma/papelera.h"
 #include "plataforma/permiso.h"
 
@@ -18,17 +18,6 @@
 using apoyo::CasaPrueba;
 
 namespace {
-
-// The original paths of what the Trash holds, each with a valid .trashinfo.
-std::set<std::string> enPapelera()
-{
-    std::set<std::string> r;
-    for (const auto& [ruta, nombre] : apoyo::papelera(plataforma::carpetaPapelera().parent_path())) {
-        EXPECT_TRUE(fs::exists(fs::symlink_status(plataforma::carpetaPapelera() / "files" / nombre))) << nombre;
-        r.insert(ruta);
-    }
-    return r;
-}
 
 class Desinstalar : public ::testing::Test {
 protected:

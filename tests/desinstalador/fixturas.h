@@ -1,14 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-// Real application bundles for the uninstaller's tests.
+// Real applications for the uninstaller's tests: bundles, Flatpak
+// installations, snaps, desktop entries and AppImages, and what the Trash holds.
 
+#include "apoyo/casa.h"
+#include "plataforma/papelera.h"
+
+#include <glib.h>
+#include <gtest/gtest.h>
 #include <plist/plist.h>
+#include <sys/stat.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -35,4 +44,68 @@ inline fs::path crearBundle(const fs::path& bundle, const Claves& claves, bool b
 inline fs::path crearApp(const fs::path& bundle, const std::string& id)
 {
     return crearBundle(bundle, {{"CFBundleIdentifier", id}});
+}
+
+// The original paths of what the Trash holds, each with a valid .trashinfo.
+inline std::set<std::string> enPapelera()
+{
+    std::set<std::string> r;
+    for (const auto& [ruta, nombre] : apoyo::papelera(plataforma::carpetaPapelera().parent_path())) {
+        EXPECT_TRUE(fs::exists(fs::symlink_status(plataforma::carpetaPapelera() / "files" / nombre))) << nombre;
+        r.insert(ruta);
+    }
+    return r;
+}
+
+// A file with that content and the given mode.
+inline fs::path archivoModo(const fs::path& p, std::string_view contenido, fs::perms modo = fs::perms::owner_all)
+{
+    fs::create_directories(p.parent_path());
+    std::ofstream(p, std::ios::binary) << contenido;
+    fs::permissions(p, modo);
+    return p;
+}
+
+// A shell script, as a stand-in for an outside program.
+inline fs::path guion(const fs::path& p, std::string_view cuerpo)
+{
+    return archivoModo(p, "#!/bin/sh\n" + std::string(cuerpo) + "\n");
+}
+
+// A desktop entry of an application: the lines given after the group header.
+inline fs::path entrada(const fs::path& p, std::string_view lineas)
+{
+    return archivoModo(p, "[Desktop Entry]\nType=Application\n" + std::string(lineas), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+// A Flatpak application deployed as flatpak does it: app/<id>/x86_64/stable
+// with the active commit, its metadata, the deploy record holding the
+// version, an exported desktop entry with that name and an icon, and `bytes`
+// of files.
+inline fs::path flatpak(const fs::path& instalacion, const std::string& id, const std::string& nombre,
+                        const std::string& version, int64_t bytes)
+{
+    const fs::path app = instalacion / "app" / id;
+    const fs::path activa = app / "x86_64/stable/0123abcd";
+    archivoModo(activa / "metadata", "[Application]\nname=" + id + "\nruntime=org.ej.Base/x86_64/1\n");
+    archivoModo(activa / "files/bin/programa", std::string(size_t(bytes), 'f'));
+    entrada(activa / "export/share/applications" / (id + ".desktop"), "Name=" + nombre + "\nIcon=" + id + "\nExec=programa\n");
+    archivoModo(activa / "export/share/icons/hicolor/128x128/apps" / (id + ".png"), "png");
+    GVariantBuilder meta;
+    g_variant_builder_init(&meta, G_VARIANT_TYPE("a{sv}"));
+    g_variant_builder_add(&meta, "{sv}", "appdata-version", g_variant_new_string(version.c_str()));
+    GVariant* deploy = g_variant_ref_sink(g_variant_new("(ssasta{sv})", "origen", "0123abcd", nullptr, guint64(bytes), &meta));
+    archivoModo(activa / "deploy", std::string(static_cast<const char*>(g_variant_get_data(deploy)), g_variant_get_size(deploy)));
+    g_variant_unref(deploy);
+    fs::create_directory_symlink("0123abcd", app / "x86_64/stable/active");
+    fs::create_directory_symlink("x86_64/stable", app / "current");
+    return app;
+}
+
+// A snap mounted under `raiz` at revision 7, its package in `paquetes`.
+inline void snap(const fs::path& raiz, const fs::path& paquetes, const std::string& nombre, std::string_view yaml)
+{
+    archivoModo(raiz / nombre / "7/meta/snap.yaml", "name: " + nombre + "\n" + std::string(yaml));
+    fs::create_directory_symlink("7", raiz / nombre / "current");
+    archivoModo(paquetes / (nombre + "_7.snap"), std::string(8192, 's'));
 }

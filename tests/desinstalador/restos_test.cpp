@@ -5,7 +5,7 @@
 
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
-#include "bundles.h"
+#include "fixturas.h"
 
 #include <gtest/gtest.h>
 

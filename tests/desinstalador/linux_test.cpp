@@ -1,0 +1,347 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The applications of a Linux home: listed, their leftovers found, each kind
+// uninstalled, and the data of those that are gone found by the scan.
+#include "desinstalador/desinstalador.h"
+
+#include "apoyo/casa.h"
+#include "apoyo/proceso.h"
+#include "escaner/medicion.h"
+#include "nucleo/textos.h"
+#include "fixturas.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <regex>
+
+using apoyo::CasaPrueba;
+using Hallados = std::map<std::string, std::string>;
+
+namespace {
+
+class CasaLinux : public ::testing::Test {
+protected:
+    CasaPrueba casa;
+    // The stand-ins are honoured in test mode only.
+    apoyo::Variable modoPrueba{"VORLANO_HOME", casa.raiz().string()};
+    const fs::path datos = casa.ruta(".local/share");
+    const fs::path aplicaciones = datos / "applications";
+    CasaLinux() { apoyo::borrarArbol(plataforma::carpetaPapelera()); }
+
+    // Path below the home folder -> detalle.
+    Hallados hallados(const std::vector<Elemento>& es) const
+    {
+        Hallados r;
+        for (const Elemento& e : es)
+            r[e.url.lexically_relative(casa.raiz()).string()] = e.detalle.value_or("");
+        return r;
+    }
+    const AppInstalada& app(const std::vector<AppInstalada>& apps, std::string_view nombre) const
+    {
+        const auto it = std::find_if(apps.begin(), apps.end(), [&](const auto& a) { return a.nombre == nombre; });
+        EXPECT_NE(it, apps.end()) << nombre;
+        return *it;
+    }
+};
+
+} // namespace
+
+TEST_F(CasaLinux, ListaRestosYDesinstalaCadaTipo)
+{
+    // Two Flatpak applications of the user's installation; one keeps data.
+    const fs::path notas = flatpak(datos / "flatpak", "org.ejemplo.Notas", "Notas", "2.1", 96 * 1024);
+    flatpak(datos / "flatpak", "org.ejemplo.Pizarra", "Pizarra", "", 8192);
+    casa.archivo(".var/app/org.ejemplo.Notas/data/notas.db", 64 * 1024);
+    casa.archivo(".config/Notas/ajustes", 4096); // not the sandboxed Flatpak's
+    // An AppImage integrated into the menu, with its icon.
+    const fs::path lienzo = archivoModo(casa.ruta("Applications/Lienzo-3.0-x86_64.AppImage"), std::string(40000, 'a'));
+    entrada(aplicaciones / "appimagekit_ab12-Lienzo.desktop",
+            "Name=Lienzo\nExec=\"" + lienzo.string() + "\" %U\nIcon=appimagekit_ab12_lienzo\nX-AppImage-Version=3.0\n");
+    casa.archivo(".local/share/icons/hicolor/256x256/apps/appimagekit_ab12_lienzo.png", 4096);
+    casa.archivo(".config/Lienzo/ajustes", 4096);
+    casa.archivo(".cache/lienzo/miniaturas", 8192);
+    // A program unpacked into ~/opt, started by the user's entry and at login.
+    const fs::path programa = archivoModo(casa.ruta("opt/Cartografo/bin/cartografo"), std::string(20000, 'c'));
+    casa.archivo("opt/Cartografo/lib/mapas.dat", 65536);
+    entrada(aplicaciones / "cartografo.desktop", "Name=Cartógrafo\nExec=env LANG=C " + programa.string() +
+                                                     " %f\nStartupWMClass=cartografo-main\nIcon=cartografo\n");
+    entrada(casa.ruta(".config/autostart/cartografo-inicio.desktop"), "Name=Mapas\nExec=" + programa.string() + " --fondo\n");
+    casa.archivo(".local/share/icons/hicolor/48x48/apps/cartografo.png", 4096);
+    casa.archivo(".config/cartografo-main/ajustes", 4096);
+    casa.archivo(".local/state/cartografo/historial", 4096);
+    // Not theirs: another program's entry, a longer name, a shared folder.
+    entrada(aplicaciones / "otro.desktop", "Name=Otro\nExec=/usr/bin/env\nIcon=otro\n");
+    for (const char* ajena : {".config/lienzo-beta/x", ".local/share/fonts/lienzo.ttf", ".cache/cartografo-main.log"})
+        casa.archivo(ajena, 4096);
+    // Data of Flatpak and reverse-domain applications that are gone.
+    casa.archivo(".var/app/org.viejo.Ido/data/x", 100 * 1024);
+    casa.archivo(".config/net.viejo.Otro/x", 100 * 1024);
+
+    const Desinstalador d(casa.entorno());
+    const auto apps = d.apps();
+    std::vector<std::tuple<std::string, TipoApp, std::string, std::string, fs::path>> lista;
+    for (const AppInstalada& a : apps) {
+        lista.emplace_back(a.nombre, a.tipo, a.bundleID, a.version, a.url);
+        EXPECT_FALSE(a.deRoot);
+        EXPECT_FALSE(a.icono.empty()) << a.nombre;
+    }
+    EXPECT_EQ(lista, (decltype(lista){
+                         {"Cartógrafo", TipoApp::enCasa, "cartografo", "", casa.ruta("opt/Cartografo")},
+                         {"Lienzo", TipoApp::appImage, "appimagekit_ab12-Lienzo", "3.0", lienzo},
+                         {"Notas", TipoApp::flatpak, "org.ejemplo.Notas", "2.1", notas},
+                         {"Pizarra", TipoApp::flatpak, "org.ejemplo.Pizarra", "", datos / "flatpak/app/org.ejemplo.Pizarra"},
+                     }));
+    // What is measured is the application's whole folder or file.
+    EXPECT_EQ(tamanoEnDisco(apps[0].url), apoyo::du(casa.ruta("opt/Cartografo")));
+
+    const std::map<std::string, Hallados> restos{
+        {"Cartógrafo",
+         {{".config/cartografo-main", "Configuración"},
+          {".local/state/cartografo", "Estado de la app"},
+          {".config/autostart/cartografo-inicio.desktop", "Inicio automático"},
+          {".local/share/applications/cartografo.desktop", "Acceso en el menú de aplicaciones"},
+          {".local/share/icons/hicolor/48x48/apps/cartografo.png", "Icono"}}},
+        {"Lienzo",
+         {{".config/Lienzo", "Configuración"},
+          {".cache/lienzo", "Cachés"},
+          {".local/share/applications/appimagekit_ab12-Lienzo.desktop", "Acceso en el menú de aplicaciones"},
+          {".local/share/icons/hicolor/256x256/apps/appimagekit_ab12_lienzo.png", "Icono"}}},
+        {"Notas", {{".var/app/org.ejemplo.Notas", "Datos de la app (Flatpak)"}}},
+        {"Pizarra", {}},
+    };
+    for (const auto& [nombre, esperado] : restos)
+        EXPECT_EQ(hallados(d.restos(app(apps, nombre))), esperado) << nombre;
+
+    // The scan offers what gone applications left, never an installed one's.
+    const auto s = apoyo::ejecutarVorlano(casa.raiz(), {"--scan"}).salida;
+    const size_t titulo = s.find("■ Restos de apps desinstaladas — ");
+    ASSERT_NE(titulo, std::string::npos) << s;
+    for (const char* id : {"org.viejo.Ido", "net.viejo.Otro"})
+        EXPECT_TRUE(std::regex_search(s.substr(titulo), std::regex(std::string("\n   \\[ \\] [^\n]+ ") + id +
+                                                                   " — 1 carpeta o archivo de una app que ya no")))
+            << s;
+    EXPECT_EQ(s.find("org.ejemplo."), std::string::npos) << s;
+
+    // Each kind uninstalled; Flatpak's through its tool, which is told exactly
+    // what to remove.
+    const fs::path argumentos = casa.ruta("argumentos");
+    apoyo::Variable herramienta("VORLANO_FLATPAK",
+                                guion(casa.ruta("flatpak"), "echo \"$@\" > '" + argumentos.string() + "'\nrm -r '" +
+                                                                notas.string() + "'")
+                                    .string());
+    std::set<std::string> movidos;
+    for (const char* nombre : {"Notas", "Lienzo", "Cartógrafo"}) {
+        AppInstalada a = app(apps, nombre);
+        a.tamano = tamanoEnDisco(a.url);
+        const auto es = d.restos(a);
+        int64_t restosBytes = 0;
+        for (const Elemento& e : es) {
+            restosBytes += e.tamano;
+            movidos.insert(e.url);
+        }
+        const Resultado r = d.desinstalar(a, es);
+        EXPECT_EQ(r.errores, std::vector<std::string>{}) << nombre;
+        EXPECT_FALSE(fs::exists(fs::symlink_status(a.url))) << nombre;
+        if (a.tipo == TipoApp::flatpak) {
+            EXPECT_EQ(apoyo::leer(argumentos), "uninstall --user --noninteractive -y app/org.ejemplo.Notas/x86_64/stable\n");
+            EXPECT_EQ(r.borrado, a.tamano);
+            EXPECT_EQ(r.enPapelera, restosBytes);
+        } else {
+            movidos.insert(a.url);
+            EXPECT_EQ(r.enPapelera, a.tamano + restosBytes) << nombre;
+        }
+    }
+    EXPECT_EQ(enPapelera(), movidos);
+    for (const char* queda : {".config/Notas", ".config/lienzo-beta", ".local/share/fonts/lienzo.ttf",
+                              ".cache/cartografo-main.log", ".local/share/applications/otro.desktop"})
+        EXPECT_TRUE(fs::exists(casa.ruta(queda))) << queda;
+}
+
+TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
+{
+    // name -> expected url below the home folder ("" : not listed), for one
+    // entry each; programs are ~/opt/<name>/bin/run unless the Exec says otherwise.
+    struct Fila {
+        const char* id;
+        std::string lineas;
+        const char* url;
+    };
+    auto prog = [&](const std::string& carpeta) {
+        return archivoModo(casa.ruta(carpeta + "/bin/run"), "#!/bin/sh\n").string();
+    };
+    const std::vector<Fila> filas{
+        {"sinexec", "Name=SinExec\n", ""},
+        {"tryexec", "Name=T\nTryExec=/no/existe\nExec=" + prog("opt/tryexec"), ""},
+        {"nodisplay", "Name=N\nNoDisplay=true\nExec=" + prog("opt/nodisplay"), ""},
+        {"oculta", "Name=O\nHidden=true\nExec=" + prog("opt/oculta"), ""},
+        {"enlace", "Name=E\nType=Link\nURL=http://x\nExec=" + prog("opt/enlace"), ""},
+        {"fuera", "Name=Fuera\nExec=/bin/true\n", ""},
+        {"noutf8", "Name=\xff\xfe\nExec=" + prog("opt/noutf8"), "opt/noutf8"},
+        {"comillas", "Name=C\nExec=\"" + casa.ruta("opt/Con \\\\\"Comillas\\\\\" y espacio/run").string() + "\" --abrir %U %%\n",
+         "opt/Con \"Comillas\" y espacio"},
+        // Where the program sits among other things, only the program goes.
+        {"suelto", "Name=S\nExec=" + archivoModo(casa.ruta(".local/bin/suelto"), "").string(), ".local/bin/suelto"},
+        {"descarga", "Name=D\nExec=" + archivoModo(casa.ruta("Downloads/instalar.sh"), "").string(), "Downloads/instalar.sh"},
+        // Two entries of one suite are one application; a folder that holds
+        // another application's isn't offered whole.
+        {"suite-a", "Name=Suite\nExec=" + prog("opt/suite"), "opt/suite"},
+        {"suite-b", "Name=Suite B\nExec=" + archivoModo(casa.ruta("opt/suite/bin/b"), "").string(), ""},
+        {"madre", "Name=Madre\nExec=" + prog("apps2/madre"), "apps2/madre/bin/run"},
+        {"hija", "Name=Hija\nExec=" + prog("apps2/madre/hija"), "apps2/madre/hija"},
+    };
+    archivoModo(casa.ruta("opt/Con \"Comillas\" y espacio/run"), "");
+    for (const Fila& f : filas)
+        entrada(aplicaciones / (std::string(f.id) + ".desktop"), f.lineas + "\n");
+    // Too large to be an entry (sparse: nothing is written).
+    casa.disperso(".local/share/applications/enorme.desktop", 8LL << 30);
+    // AppImages: the real ones, and a link, a folder, a file without the
+    // executable bit that only look like one.
+    archivoModo(casa.ruta("Applications/Mayus.APPIMAGE"), "ai");
+    archivoModo(casa.ruta("Downloads/Otra-2.0.AppImage"), "ai");
+    casa.enlace("Applications/Enlace.AppImage", casa.ruta("Downloads/Otra-2.0.AppImage"));
+    casa.crearDir("Applications/Carpeta.AppImage");
+    archivoModo(casa.ruta(".local/bin/Quieta.AppImage"), "ai", fs::perms::owner_read);
+    // Flatpak folders half removed or not what they seem.
+    const fs::path inst = datos / "flatpak";
+    flatpak(inst, "org.ej.Bien", "Bien", "1", 4096);
+    fs::remove(flatpak(inst, "org.ej.SinMetadatos", "X", "1", 4096) / "x86_64/stable/0123abcd/metadata");
+    fs::remove(flatpak(inst, "org.ej.SinActiva", "X", "1", 4096) / "x86_64/stable/active");
+    flatpak(inst, "org.ej.Otra", "X", "1", 4096);
+    fs::rename(inst / "app/org.ej.Otra", inst / "app/org.ej.Disfrazada");
+    archivoModo(inst / "app/org.ej.Archivo", "");
+    archivoModo(flatpak(inst, "org.ej.DespliegueRoto", "Roto", "1", 4096) / "current/active/deploy", "\x01\x02\x03");
+    // The system's installation and snaps, where tests point them.
+    CasaPrueba sistema;
+    flatpak(sistema.ruta("flatpak"), "org.ej.Sistema", "Del sistema", "5", 4096);
+    snap(sistema.ruta("snap"), sistema.ruta("snaps"), "editor", "version: '1.5'\ntitle: \"Editor\"\ntype: app\napps:\n  editor:\n    command: x\n");
+    snap(sistema.ruta("snap"), sistema.ruta("snaps"), "core22", "version: 1\ntype: base\n");
+    snap(sistema.ruta("snap"), sistema.ruta("snaps"), "sinpaquete", "version: 1\n");
+    fs::remove(sistema.ruta("snaps/sinpaquete_7.snap"));
+    snap(sistema.ruta("snap"), sistema.ruta("snaps"), "otronombre", "version: 1\n");
+    archivoModo(sistema.ruta("snap/otronombre/7/meta/snap.yaml"), "name: distinto\n");
+
+    Desinstalador d(casa.entorno());
+    d.flatpakSistema = sistema.ruta("flatpak");
+    d.snaps = sistema.ruta("snap");
+    d.paquetesSnap = sistema.ruta("snaps");
+    std::map<std::string, std::string> hallados;
+    for (const AppInstalada& a : d.apps())
+        hallados[a.bundleID.empty() ? a.nombre : a.bundleID] =
+            dentroDe(a.url, casa.raiz()) ? a.url.lexically_relative(casa.raiz()).string() : a.url.string();
+    std::map<std::string, std::string> esperado{
+        {"Mayus", "Applications/Mayus.APPIMAGE"},
+        {"Otra-2.0", "Downloads/Otra-2.0.AppImage"},
+        {"org.ej.Bien", ".local/share/flatpak/app/org.ej.Bien"},
+        {"org.ej.DespliegueRoto", ".local/share/flatpak/app/org.ej.DespliegueRoto"},
+        {"org.ej.Sistema", sistema.ruta("flatpak/app/org.ej.Sistema")},
+        {"editor", sistema.ruta("snaps/editor_7.snap")},
+    };
+    for (const Fila& f : filas)
+        if (*f.url)
+            esperado[f.id] = f.url;
+    EXPECT_EQ(hallados, esperado);
+    const auto apps = d.apps();
+    EXPECT_EQ(app(apps, "noutf8").tipo, TipoApp::enCasa);
+    EXPECT_EQ(app(apps, "Editor").version, "1.5");
+    EXPECT_EQ(app(apps, "Del sistema").version, "5");
+    EXPECT_EQ(app(apps, "Roto").version, "");
+}
+
+TEST_F(CasaLinux, RestosDudososNoSeOfrecen)
+{
+    // Two applications called Lienzo: whose ~/.config/lienzo is, nobody knows.
+    const fs::path lienzo = archivoModo(casa.ruta("Applications/Lienzo.AppImage"), "ai");
+    entrada(aplicaciones / "lienzo.desktop", "Name=Lienzo\nIcon=comun\nExec=" +
+                                                 archivoModo(casa.ruta("opt/lienzo/run"), "").string() + "\n");
+    casa.archivo(".config/lienzo/x", 4096);
+    // A program called Fonts inside the data home, with a folder of its name
+    // that holds another application.
+    entrada(aplicaciones / "fonts.desktop",
+            "Name=Fonts\nIcon=comun\nExec=" + archivoModo(datos / "Fonts/app/bin/fonts", "").string() + "\n");
+    casa.archivo(".local/share/fonts/mia.ttf", 4096);
+    entrada(aplicaciones / "taller.desktop",
+            "Name=Taller\nExec=" + archivoModo(casa.ruta(".local/share/Taller/bin/taller"), "").string() + "\n");
+    entrada(aplicaciones / "herramienta.desktop", "Name=Herramienta\nIcon=herramienta\nExec=" +
+                                                      archivoModo(datos / "Taller/herramienta/run", "").string() + "\n");
+    entrada(aplicaciones / "pincel.desktop",
+            "Name=Pincel\nExec=" + archivoModo(datos / "Pincel/bin/pincel", "").string() + "\n");
+    // An icon two entries name stays; one that only its own names goes.
+    for (const char* i : {"comun", "herramienta"})
+        casa.archivo(std::string(".local/share/icons/hicolor/64x64/apps/") + i + ".png", 4096);
+
+    const Desinstalador d(casa.entorno());
+    const auto apps = d.apps();
+    // Each keeps only its own entry; the AppImage has none.
+    for (const AppInstalada& a : apps)
+        if (a.nombre == "Lienzo" || a.nombre == "Fonts") {
+            Hallados esperado;
+            if (a.tipo == TipoApp::enCasa)
+                esperado[".local/share/applications/" + minusculas(a.nombre) + ".desktop"] =
+                    "Acceso en el menú de aplicaciones";
+            EXPECT_EQ(hallados(d.restos(a)), esperado) << a.url;
+        }
+    // Pincel's folder is the application, not a leftover of it; Taller's
+    // holds another application; Herramienta's icon is its own.
+    for (const char* n : {"Pincel", "Taller"})
+        EXPECT_EQ(hallados(d.restos(app(apps, n))),
+                  (Hallados{{".local/share/applications/" + minusculas(n) + ".desktop",
+                             "Acceso en el menú de aplicaciones"}}));
+    EXPECT_EQ(app(apps, "Taller").url, datos / "Taller/bin/taller") << "holds Herramienta";
+    EXPECT_EQ(hallados(d.restos(app(apps, "Herramienta"))),
+              (Hallados{{".local/share/applications/herramienta.desktop", "Acceso en el menú de aplicaciones"},
+                        {".local/share/icons/hicolor/64x64/apps/herramienta.png", "Icono"}}));
+}
+
+TEST_F(CasaLinux, HerramientasDePaquetes)
+{
+    const fs::path notas = flatpak(datos / "flatpak", "org.ejemplo.Notas", "Notas", "1", 8192);
+    casa.archivo(".var/app/org.ejemplo.Notas/data/x", 8192);
+    CasaPrueba sistema;
+    flatpak(sistema.ruta("flatpak"), "org.ej.Sistema", "Sistema", "1", 8192);
+    snap(sistema.ruta("snap"), sistema.ruta("snaps"), "editor", "title: Editor\n");
+    Desinstalador d(casa.entorno());
+    d.flatpakSistema = sistema.ruta("flatpak");
+    d.snaps = sistema.ruta("snap");
+    d.paquetesSnap = sistema.ruta("snaps");
+    d.limitePaquetes = 2;
+    const auto apps = d.apps();
+
+    // Whatever way the tool fails, the application and its leftovers stay.
+    const auto antes = apoyo::huellas(casa.raiz());
+    const struct {
+        const char* herramienta; // the stand-in's script; null: there is none
+        const char* elevador;
+        const char* app;
+        std::string error;
+    } fallos[] = {
+        {nullptr, "", "Notas", "Notas: no se encontró el programa flatpak"},
+        {"echo progreso; echo 'error: Sin espacio en \\033[2Jel disco' >&2; exit 1", "", "Notas",
+         "Notas: Sin espacio en [2Jel disco"},
+        {"exit 3", "", "Notas", "Notas: flatpak terminó con el código 3"},
+        {"exec sleep 30", "", "Notas", "Notas: flatpak no terminó a tiempo"},
+        {"exit 0", "exit 126", "Sistema", "Sistema: no se pudo desinstalar (se canceló o falta permiso)"},
+        {"exit 0", "exit 127", "Editor", "Editor: no se pudo desinstalar (se canceló o falta permiso)"},
+    };
+    for (const auto& f : fallos) {
+        const fs::path falsa = f.herramienta ? guion(sistema.ruta("herramienta"), f.herramienta) : casa.ruta("no-existe");
+        apoyo::Variable flatpak("VORLANO_FLATPAK", falsa.string()), snap("VORLANO_SNAP", falsa.string());
+        apoyo::Variable elevador("VORLANO_ELEVADOR",
+                                 *f.elevador ? guion(sistema.ruta("elevador"), f.elevador).string() : std::string());
+        const AppInstalada& a = app(apps, f.app);
+        const Resultado r = d.desinstalar(a, d.restos(a));
+        EXPECT_EQ(r.errores, std::vector<std::string>{f.error});
+        EXPECT_EQ(r.borrado + r.enPapelera, 0);
+    }
+    EXPECT_EQ(apoyo::huellas(casa.raiz()), antes);
+    EXPECT_TRUE(enPapelera().empty());
+
+    // As administrator, the system's tool is told exactly what to remove.
+    const fs::path argumentos = sistema.ruta("argumentos");
+    apoyo::Variable elevador("VORLANO_ELEVADOR",
+                             guion(sistema.ruta("elevador"), "echo \"$@\" >> '" + argumentos.string() + "'").string());
+    apoyo::Variable flatpak("VORLANO_FLATPAK", "/bin/true"), snap("VORLANO_SNAP", "/bin/false");
+    for (const char* n : {"Sistema", "Editor"})
+        EXPECT_EQ(d.desinstalar(app(apps, n), {}).errores, std::vector<std::string>{}) << n;
+    EXPECT_EQ(apoyo::leer(argumentos),
+              "/bin/true uninstall --system --noninteractive -y app/org.ej.Sistema/x86_64/stable\n/bin/false remove editor\n");
+}
