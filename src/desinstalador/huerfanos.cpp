@@ -5,9 +5,8 @@
 #include "desinstalador/desinstalador.h"
 
 #include "nucleo/textos.h"
+#include "plataforma/lectura.h"
 #include "plataforma/apps.h"
-
-#include <dirent.h>
 
 #include <map>
 
@@ -81,14 +80,8 @@ std::vector<Elemento> Desinstalador::restosHuerfanos(const std::vector<AppInstal
     std::vector<std::string> orden;
     std::map<std::string, std::vector<fs::path>> porId;
     for (const Lugar& lugar : lugares) {
-        const fs::path& carpeta = lugar.carpeta;
-        DIR* d = ::opendir(carpeta.c_str());
-        if (d == nullptr)
-            continue;
-        while (const dirent* e = ::readdir(d)) {
-            std::string_view id = e->d_name;
-            if (id == "." || id == "..")
-                continue;
+        for (const std::string& nombre : plataforma::nombresEn(lugar.carpeta)) {
+            std::string_view id = nombre;
             if (!lugar.final.empty()) {
                 if (!id.ends_with(lugar.final))
                     continue;
@@ -107,9 +100,8 @@ std::vector<Elemento> Desinstalador::restosHuerfanos(const std::vector<AppInstal
             auto& urls = porId[std::string(id)];
             if (urls.empty())
                 orden.emplace_back(id);
-            urls.push_back(carpeta / e->d_name);
+            urls.push_back(lugar.carpeta / nombre);
         }
-        ::closedir(d);
     }
 
     std::vector<Elemento> r;

@@ -5,8 +5,7 @@
 
 #include "escaner/medicion.h"
 #include "nucleo/textos.h"
-
-#include <dirent.h>
+#include "plataforma/lectura.h"
 
 #include <set>
 
@@ -87,18 +86,10 @@ std::vector<Elemento> Desinstalador::restos(const AppInstalada& app) const
     std::vector<Elemento> r;
     for (const Lugar& lugar : lugares) {
         const fs::path carpeta = entorno.ruta(lugar.carpeta);
-        DIR* d = ::opendir(carpeta.c_str());
-        if (d == nullptr)
-            continue;
-        std::vector<fs::path> halladas;
-        while (const dirent* e = ::readdir(d)) {
-            const std::string_view nombre = e->d_name;
-            if (nombre != "." && nombre != ".." && pertenece(lugar.regla, minusculas(nombre), id, nombres))
-                halladas.push_back(carpeta / nombre);
-        }
-        ::closedir(d);
-        // Measured after the folder is closed: one open listing at a time.
-        for (fs::path& url : halladas) {
+        for (const std::string& nombre : plataforma::nombresEn(carpeta)) {
+            if (!pertenece(lugar.regla, minusculas(nombre), id, nombres))
+                continue;
+            fs::path url = carpeta / nombre;
             Elemento el;
             el.nombre = "~/" + rutaDesdeCasa(url);
             el.detalle = tr(lugar.detalle);

@@ -7,6 +7,7 @@
 #include "escaner/medicion.h"
 #include "nucleo/textos.h"
 #include "plataforma/entradas.h"
+#include "plataforma/lectura.h"
 
 #include <optional>
 #include <set>
@@ -52,13 +53,11 @@ std::vector<fs::path> iconos(const fs::path& datos, const std::set<std::string>&
     std::vector<fs::path> r;
     if (nombres.empty())
         return r;
-    std::error_code ec;
-    for (fs::directory_iterator tam(datos / "icons/hicolor", ec), fin; !ec && tam != fin; tam.increment(ec)) {
-        std::error_code e2;
-        for (fs::directory_iterator it(tam->path() / "apps", e2), f2; !e2 && it != f2; it.increment(e2))
-            if (nombres.contains(it->path().stem().string()) && it->is_regular_file(e2))
-                r.push_back(it->path());
-    }
+    const fs::path hicolor = datos / "icons/hicolor";
+    for (const std::string& tam : plataforma::nombresEn(hicolor))
+        for (const std::string& n : plataforma::nombresEn(hicolor / tam / "apps"))
+            if (const fs::path p = hicolor / tam / "apps" / n; nombres.contains(p.stem().string()))
+                r.push_back(p);
     return r;
 }
 
@@ -121,13 +120,12 @@ void Desinstalador::restosDeEscritorio(const AppInstalada& app, std::vector<Elem
     for (const Lugar& lugar : lugares) {
         if (lugar.solo && *lugar.solo != app.tipo)
             continue;
-        std::error_code ec;
-        for (fs::directory_iterator it(lugar.carpeta, ec), fin; !ec && it != fin; it.increment(ec)) {
-            const fs::path& p = it->path();
+        for (const std::string& nombre : plataforma::nombresEn(lugar.carpeta)) {
+            const fs::path p = lugar.carpeta / nombre;
             // The application itself, or part of it, goes with it.
             if (p == app.url || dentroDe(p, app.url))
                 continue;
-            const std::string n = minusculas(p.filename().string());
+            const std::string n = minusculas(nombre);
             bool suyo = false;
             switch (lugar.regla) {
             case Criterio::idONombre:

@@ -7,7 +7,6 @@
 #include "plataforma/entradas.h"
 #include "plataforma/lectura.h"
 
-#include <dirent.h>
 #include <glib.h>
 #include <sys/stat.h>
 
@@ -73,16 +72,9 @@ std::vector<AppPaquete> appsFlatpak(const fs::path& instalacion)
     if (instalacion.empty())
         return r;
     const fs::path apps = instalacion / "app";
-    DIR* d = ::opendir(apps.c_str());
-    if (d == nullptr)
-        return r;
-    std::vector<std::string> ids;
-    while (const dirent* e = ::readdir(d))
-        if (e->d_name[0] != '.' && (e->d_type == DT_DIR || e->d_type == DT_UNKNOWN))
-            ids.emplace_back(e->d_name);
-    ::closedir(d);
-
-    for (std::string& id : ids) {
+    for (std::string& id : nombresEn(apps)) {
+        if (id.starts_with('.'))
+            continue;
         AppPaquete app;
         app.carpeta = apps / id;
         struct stat st;

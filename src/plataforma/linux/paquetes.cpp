@@ -5,8 +5,8 @@
 
 #include "plataforma/ejecutar.h"
 #include "plataforma/idioma.h"
+#include "plataforma/lectura.h"
 
-#include <dirent.h>
 #include <sys/stat.h>
 
 #include <string_view>
@@ -76,18 +76,6 @@ Desinstalacion correr(std::vector<std::string> orden, const std::string& herrami
     return d;
 }
 
-std::vector<std::string> subcarpetas(const fs::path& p)
-{
-    std::vector<std::string> r;
-    if (DIR* d = ::opendir(p.c_str())) {
-        while (const dirent* e = ::readdir(d))
-            if (e->d_name[0] != '.' && std::string_view(e->d_name) != "current")
-                r.emplace_back(e->d_name);
-        ::closedir(d);
-    }
-    return r;
-}
-
 } // namespace
 
 Desinstalacion quitarFlatpak(const AppPaquete& app, bool deUsuario, const ProgramasPaquetes& programas)
@@ -95,8 +83,8 @@ Desinstalacion quitarFlatpak(const AppPaquete& app, bool deUsuario, const Progra
     // Each deployed arch/branch by its full ref, so that flatpak has nothing
     // to ask about.
     std::vector<std::string> refs;
-    for (const std::string& arch : subcarpetas(app.carpeta))
-        for (const std::string& rama : subcarpetas(app.carpeta / arch)) {
+    for (const std::string& arch : nombresEn(app.carpeta))
+        for (const std::string& rama : arch == "current" ? std::vector<std::string>{} : nombresEn(app.carpeta / arch)) {
             struct stat st;
             if (::lstat((app.carpeta / arch / rama / "active").c_str(), &st) == 0)
                 refs.push_back("app/" + app.id + "/" + arch + "/" + rama);

@@ -7,7 +7,6 @@
 #include "plataforma/idioma.h"
 #include "plataforma/lectura.h"
 
-#include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -70,16 +69,9 @@ std::vector<AppPaquete> appsSnap(const fs::path& raiz, const fs::path& paquetes)
     std::vector<AppPaquete> r;
     if (raiz.empty())
         return r;
-    DIR* d = ::opendir(raiz.c_str());
-    if (d == nullptr)
-        return r;
-    std::vector<std::string> nombres;
-    while (const dirent* e = ::readdir(d))
-        if (e->d_name[0] != '.' && std::string_view(e->d_name) != "bin")
-            nombres.emplace_back(e->d_name);
-    ::closedir(d);
-
-    for (std::string& nombre : nombres) {
+    for (std::string& nombre : nombresEn(raiz)) {
+        if (nombre.starts_with('.') || nombre == "bin")
+            continue;
         const fs::path base = raiz / nombre;
         char rev[NAME_MAX + 1];
         const ssize_t n = ::readlink((base / "current").c_str(), rev, sizeof rev - 1);
