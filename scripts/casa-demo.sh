@@ -235,6 +235,15 @@ varios ".config/discord/Local Storage/leveldb" 3 100
 varios ".config/google-chrome/Default/Code Cache/js" 3 100
 archivo ".config/google-chrome/Default/History" 300
 varios ".var/app/org.gimp.GIMP/cache/gimp" 6 600
+# GIMP came from Flathub into the user's installation, so its data folder is
+# an installed application's, never an orphan's.
+gimp=.local/share/flatpak/app/org.gimp.GIMP/x86_64/stable
+mkdir -p "$gimp/5a1b/export/share/applications"
+printf '[Application]\nname=org.gimp.GIMP\n' >"$gimp/5a1b/metadata"
+printf '[Desktop Entry]\nType=Application\nName=GIMP\nExec=gimp\n' >"$gimp/5a1b/export/share/applications/org.gimp.GIMP.desktop"
+archivo "$gimp/5a1b/files/bin/gimp" 2000
+ln -s 5a1b "$gimp/active"
+ln -s x86_64/stable .local/share/flatpak/app/org.gimp.GIMP/current
 varios ".var/app/org.gimp.GIMP/config/GIMP" 2 20
 mkdir -p ".var/app/org.sin.Cache/data"
 varios "snap/spotify/84/.cache/spotify" 5 600
