@@ -14,6 +14,13 @@ paquetes=(
   build-essential cmake ninja-build pkg-config git
   qt6-base-dev qt6-base-dev-tools qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools
   libqt6svg6 qt6-svg-dev
+  # the desktop application: Qt Quick and the QML modules its screens import,
+  # and the icon font they draw with
+  qt6-declarative-dev qt6-declarative-dev-tools
+  qml6-module-qtqml qml6-module-qtqml-models qml6-module-qtqml-workerscript qml6-module-qtquick
+  qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts
+  qml6-module-qtquick-shapes qml6-module-qtquick-window qml6-module-qttest
+  fonts-material-design-icons-iconfont
   libicu-dev libssl-dev libplist-dev libtbb-dev nlohmann-json3-dev libglib2.0-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   # the demo home writes binary property lists with plistutil

@@ -48,6 +48,12 @@ std::vector<AppInstalada> Desinstalador::apps() const
         return a.bundleID.starts_with("com.apple.") || a.bundleID == plataforma::identificadorPropio;
     });
 
+    ordenarPorNombre(r);
+    return r;
+}
+
+void Desinstalador::ordenarPorNombre(std::vector<AppInstalada>& apps)
+{
     // The user's order of names; where the system has no locale (C), the
     // order of the language the program speaks.
     QLocale idioma = QLocale::system();
@@ -56,18 +62,18 @@ std::vector<AppInstalada> Desinstalador::apps() const
     QCollator orden(idioma);
     orden.setCaseSensitivity(Qt::CaseInsensitive);
     std::vector<QString> claves;
-    for (const AppInstalada& a : r)
+    for (const AppInstalada& a : apps)
         claves.push_back(QString::fromStdString(a.nombre));
-    std::vector<size_t> indices(r.size());
+    std::vector<size_t> indices(apps.size());
     for (size_t i = 0; i < indices.size(); ++i)
         indices[i] = i;
     std::stable_sort(indices.begin(), indices.end(),
                      [&](size_t a, size_t b) { return orden.compare(claves[a], claves[b]) < 0; });
     std::vector<AppInstalada> ordenadas;
-    ordenadas.reserve(r.size());
+    ordenadas.reserve(apps.size());
     for (size_t i : indices)
-        ordenadas.push_back(std::move(r[i]));
-    return ordenadas;
+        ordenadas.push_back(std::move(apps[i]));
+    apps = std::move(ordenadas);
 }
 
 std::optional<AppInstalada> Desinstalador::leer(const fs::path& url) const

@@ -63,6 +63,10 @@ struct Desinstalador {
     // language, ignoring case; equal names stay in the order found.
     std::vector<AppInstalada> apps() const;
 
+    // Sorts by name in the user's language, ignoring case; equal names keep
+    // their order.
+    static void ordenarPorNombre(std::vector<AppInstalada>& apps);
+
     // One bundle; absent when it can't be read as an application.
     std::optional<AppInstalada> leer(const std::filesystem::path& url) const;
 

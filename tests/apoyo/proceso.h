@@ -53,6 +53,19 @@ std::vector<int> hijosVivos();
 // script fails.
 void crearCasaDemo(const std::filesystem::path& carpeta);
 
+// A real program running from a path of our choosing (a copy of sleep), so
+// that the system lists it as that program, until the object goes.
+class ProgramaEnMarcha {
+public:
+    explicit ProgramaEnMarcha(const std::filesystem::path& ejecutable);
+    ~ProgramaEnMarcha();
+    ProgramaEnMarcha(const ProgramaEnMarcha&) = delete;
+    ProgramaEnMarcha& operator=(const ProgramaEnMarcha&) = delete;
+
+private:
+    int pid_ = -1;
+};
+
 // An environment variable of this process set (nullopt: removed) for the life
 // of the object.
 class Variable {

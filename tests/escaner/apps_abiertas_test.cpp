@@ -7,39 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
-
-namespace {
-
-// A real program running from a path of our choosing: a copy of sleep.
-class Programa {
-public:
-    explicit Programa(const std::filesystem::path& ejecutable)
-    {
-        std::filesystem::create_directories(ejecutable.parent_path());
-        std::filesystem::copy_file("/bin/sleep", ejecutable);
-        char* argv[] = {const_cast<char*>(ejecutable.c_str()), const_cast<char*>("30"), nullptr};
-        ::posix_spawn(&pid_, ejecutable.c_str(), nullptr, nullptr, argv, environ);
-        // Wait until the exec has happened, so /proc shows the new program.
-        std::error_code error;
-        for (int i = 0; i < 200 && std::filesystem::read_symlink("/proc/" + std::to_string(pid_) + "/exe", error) !=
-                                       ejecutable;
-             ++i)
-            ::usleep(5000);
-    }
-    ~Programa()
-    {
-        ::kill(pid_, SIGKILL);
-        ::waitpid(pid_, nullptr, 0);
-    }
-
-private:
-    pid_t pid_ = -1;
-};
-
-} // namespace
+using Programa = apoyo::ProgramaEnMarcha;
 
 // An app is matched by its whole identifier, by the identifier and a point,
 // by owner, or by the first word of its name unless that word is too common;

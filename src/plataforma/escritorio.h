@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+// The desktop's services that the application talks to: notices on screen
+// and the redraw of the desktop widget. Built only into the application.
+
+#include <QObject>
+#include <QString>
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+namespace plataforma {
+
+// Notices of the desktop. One with the same clave as a notice still on
+// screen takes its place. Without a notification service nothing shows and
+// nothing is reported.
+class Notificaciones : public QObject {
+    Q_OBJECT
+public:
+    explicit Notificaciones(QObject* padre = nullptr);
+
+    // Starts listening for the user's answers; once.
+    void escuchar();
+    // Posts a notice with the default sound; returns at once.
+    void mostrar(const std::string& clave, const std::string& titulo, const std::string& cuerpo);
+
+Q_SIGNALS:
+    // The user acted on the notice of that clave (clicked it).
+    void activada(const QString& clave);
+
+private Q_SLOTS:
+    void accionInvocada(uint id, const QString& accion);
+
+private:
+    // The desktop's number of the last notice of each clave.
+    std::map<std::string, uint32_t> numeros_;
+    bool escuchando_ = false;
+};
+
+// Asks the desktop widget to draw itself again.
+void recargarWidgets();
+
+} // namespace plataforma

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Test main of the desktop application's tests: the same scratch homes as the
+// logic's tests, plus a session bus of this process (so no test reaches the
+// desktop of the machine), a runtime folder of its own, and a QApplication on
+// the offscreen platform with the software renderer.
+#include "apoyo/bus.h"
+#include "apoyo/casa.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QtQml/qqmlextensionplugin.h>
+
+#include <clocale>
+#include <cstdlib>
+
+Q_IMPORT_QML_PLUGIN(VorlanoPlugin)
+
+int main(int argc, char** argv)
+{
+    const auto casa = apoyo::carpetaTemporal("vorlano-home");
+    ::setenv("HOME", casa.c_str(), 1);
+    ::setenv("XDG_DATA_HOME", (casa / ".local/share").c_str(), 1);
+    ::setenv("XDG_CONFIG_HOME", (casa / ".config").c_str(), 1);
+    ::setenv("XDG_CACHE_HOME", (casa / ".cache").c_str(), 1);
+    ::setenv("XDG_RUNTIME_DIR", casa.c_str(), 1);
+    ::unsetenv("VORLANO_HOME");
+    ::unsetenv("VORLANO_TIEMPOS");
+    ::unsetenv("VORLANO_GRANDE_MB");
+    ::unsetenv("VORLANO_AVISO_GB");
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    ::setenv("QT_QUICK_BACKEND", "software", 1);
+
+    int r = 1;
+    {
+        apoyo::BusPrueba bus(casa / "bus");
+        ::setenv("DBUS_SESSION_BUS_ADDRESS", bus.direccion().c_str(), 1);
+        QApplication app(argc, argv);
+        QApplication::setQuitOnLastWindowClosed(false);
+        std::setlocale(LC_NUMERIC, "C");
+        ::testing::InitGoogleTest(&argc, argv);
+        r = RUN_ALL_TESTS();
+    }
+    apoyo::borrarArbol(casa);
+    return r;
+}
