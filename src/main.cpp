@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The one entry point: a terminal flag runs one job and ends with status 0.
+// The one entry point: a terminal flag runs one job and ends with status 0;
+// without one the desktop application starts.
+#include "app/vorlano_app.h"
 #include "consola.h"
 #include "nucleo/entorno.h"
 #include "nucleo/textos.h"
 #include "plataforma/sistema.h"
 
 #include <QCoreApplication>
+#include <QtQml/qqmlextensionplugin.h>
 
 #include <algorithm>
 #include <clocale>
@@ -30,6 +33,10 @@ std::string ayuda()
               "y no borra nada sin tu confirmación.\n"
               "\n"
               "Uso: vorlano [opción]\n"
+              "     vorlano [vorlano://enlace]\n"
+              "\n"
+              "Sin opciones, abre la aplicación de escritorio; con un enlace vorlano:// (resumen, analizar,\n"
+              "limpieza, mapa o desinstalar), la lleva a esa sección, y si ya está abierta se lo pasa a ella.\n"
               "\n"
               "  --mapa            mide la carpeta personal y muestra sus carpetas más grandes\n"
               "  --scan            analiza y muestra el informe; no cambia nada\n"
@@ -43,13 +50,27 @@ std::string ayuda()
               "VORLANO_TIEMPOS muestra en la salida de errores cuánto tarda cada etapa del análisis.\n");
 }
 
+bool esTerminal(int argc, char** argv)
+{
+    for (const char* flag : {"--help", "--version", "--mapa", "--scan", "--clean-defaults", "--clean-all"})
+        if (tiene(argc, argv, flag))
+            return true;
+    return false;
+}
+
 } // namespace
+
+// The screens' QML module, compiled into the program.
+Q_IMPORT_QML_PLUGIN(VorlanoPlugin)
 
 int main(int argc, char** argv)
 {
     // Test mode is hermetic: whatever the program writes stays in the scratch home.
     if (const Entorno e = Entorno::actual(); e.prueba)
         plataforma::aislarEnCarpeta(e.home);
+
+    if (!esTerminal(argc, argv))
+        VorlanoApp::main(argc, argv);
 
     QCoreApplication app(argc, argv);
     // Qt sets the C locale from the environment; numbers we print with printf
@@ -67,9 +88,6 @@ int main(int argc, char** argv)
     } else if (tiene(argc, argv, "--scan") || tiene(argc, argv, "--clean-defaults") ||
                tiene(argc, argv, "--clean-all")) {
         Consola::ejecutar(!tiene(argc, argv, "--scan"), tiene(argc, argv, "--clean-all"));
-    } else {
-        // Until the desktop application exists, a run without a flag explains itself.
-        imprimir(ayuda());
     }
     std::fflush(stdout);
     return estado;

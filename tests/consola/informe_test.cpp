@@ -98,10 +98,20 @@ TEST(Main, FlagsAyudaYVersion)
     // A scan flag beside a cleaning one: only the report.
     EXPECT_TRUE(ejecutarVorlano(casa.raiz(), {"--clean-all", "--scan"}).salida.ends_with("por defecto: 410 KB\n"));
     EXPECT_TRUE(std::filesystem::exists(casa.ruta("Library/Logs/a.log")));
-    for (const auto& args : {std::vector<std::string>{}, {"--help"}, {"--scan", "--help"}, {"--desconocido"}}) {
+    for (const auto& args : {std::vector<std::string>{"--help"}, {"--scan", "--help"}}) {
         const auto s = ejecutarVorlano(casa.raiz(), args);
         EXPECT_EQ(s.estado, 0);
         EXPECT_NE(s.salida.find("Uso: vorlano"), std::string::npos);
+        EXPECT_NE(s.salida.find("vorlano://"), std::string::npos);
+    }
+    // Without a flag the desktop application starts; with no desktop to
+    // reach it says so and ends.
+    const std::map<std::string, std::optional<std::string>> sinEscritorio{
+        {"DISPLAY", std::nullopt}, {"WAYLAND_DISPLAY", std::nullopt}, {"QT_QPA_PLATFORM", std::nullopt}};
+    for (const auto& args : {std::vector<std::string>{}, {"--desconocido"}}) {
+        const auto s = ejecutarVorlano(casa.raiz(), args, sinEscritorio);
+        EXPECT_EQ(s.estado, 1);
+        EXPECT_NE(s.errores.find("--help"), std::string::npos);
     }
     EXPECT_TRUE(ejecutarVorlano(casa.raiz(), {"--version"}).salida.starts_with("vorlano "));
 }
