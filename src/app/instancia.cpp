@@ -17,7 +17,6 @@ constexpr qsizetype maximo = 1 << 20;
 
 Instancia::Instancia(std::filesystem::path ruta, QObject* padre) : QObject(padre), ruta_(std::move(ruta))
 {
-    servidor_.setSocketOptions(QLocalServer::UserAccessOption);
     connect(&servidor_, &QLocalServer::newConnection, this, [this] {
         while (QLocalSocket* c = servidor_.nextPendingConnection())
             atender(c);
