@@ -120,22 +120,22 @@ QQuickWindow* VorlanoApp::cargar(const char* archivo)
 
 void VorlanoApp::abrirVentanaPrincipal()
 {
-    if (!ventana_)
-        ventana_ = cargar("Principal.qml");
-    if (!ventana_)
-        return;
-    ventana_->show();
-    alFrente(ventana_);
+    mostrar(ventana_, "Principal.qml");
 }
 
 void VorlanoApp::abrirAjustes()
 {
-    if (!ajustes_)
-        ajustes_ = cargar("Ajustes.qml");
-    if (!ajustes_)
+    mostrar(ajustes_, "Ajustes.qml");
+}
+
+void VorlanoApp::mostrar(QPointer<QQuickWindow>& ventana, const char* archivo)
+{
+    if (!ventana)
+        ventana = cargar(archivo);
+    if (!ventana)
         return;
-    ajustes_->show();
-    alFrente(ajustes_);
+    ventana->show();
+    alFrente(ventana);
 }
 
 void VorlanoApp::alOcultarse()

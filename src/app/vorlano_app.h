@@ -58,6 +58,8 @@ Q_SIGNALS:
 
 private:
     QQuickWindow* cargar(const char* archivo);
+    // Loads the window the first time, shows it and brings it forward.
+    void mostrar(QPointer<QQuickWindow>& ventana, const char* archivo);
     void alOcultarse();
 
     Estado estado_;

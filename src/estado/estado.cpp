@@ -226,28 +226,11 @@ QStringList Estado::sugeridasLista() const
     return lista(sugeridas_);
 }
 
-int64_t Estado::seleccionado() const
+int64_t Estado::seleccionadoEn(std::optional<Modo> modo) const
 {
     int64_t s = 0;
     for (const Categoria& c : categorias_)
-        s += c.tamanoSeleccionado();
-    return s;
-}
-
-int64_t Estado::aBorrar() const
-{
-    int64_t s = 0;
-    for (const Categoria& c : categorias_)
-        if (c.modo == Modo::borrar)
-            s += c.tamanoSeleccionado();
-    return s;
-}
-
-int64_t Estado::aPapelera() const
-{
-    int64_t s = 0;
-    for (const Categoria& c : categorias_)
-        if (c.modo == Modo::papelera)
+        if (!modo || c.modo == *modo)
             s += c.tamanoSeleccionado();
     return s;
 }

@@ -109,9 +109,9 @@ public:
     QStringList sugeridasLista() const;
     int analisisID() const { return analisisID_; }
     int limpiezas() const { return limpiezas_; }
-    int64_t seleccionado() const;
-    int64_t aBorrar() const;
-    int64_t aPapelera() const;
+    int64_t seleccionado() const { return seleccionadoEn(std::nullopt); }
+    int64_t aBorrar() const { return seleccionadoEn(Modo::borrar); }
+    int64_t aPapelera() const { return seleccionadoEn(Modo::papelera); }
     QStringList appsAbiertasSeleccionadasLista() const;
 
 Q_SIGNALS:
@@ -129,6 +129,8 @@ Q_SIGNALS:
     void papeleraVaciada();
 
 private:
+    // The selected bytes of the categories of that mode, or of all.
+    int64_t seleccionadoEn(std::optional<Modo> modo) const;
     void ponerFase(Fase fase);
     void ponerDisco(plataforma::EspacioDisco disco);
     // The analysis, then `despues` on the main thread.

@@ -6,11 +6,9 @@
 // the main thread, where the state lives. No lock guards the state.
 
 #include <QCoreApplication>
-#include <QFuture>
 #include <QMetaObject>
 #include <QPointer>
 #include <QThreadPool>
-#include <QtConcurrent/QtConcurrentRun>
 
 #include <utility>
 
@@ -18,12 +16,21 @@
 // running analysis when it ends.
 QThreadPool* grupoDeTrabajo();
 
-// Runs trabajo on a worker, then aplicar with its result on the thread of
-// contexto, unless contexto is gone by then.
+// Runs trabajo on a worker, then aplicar with its result on the main thread,
+// unless contexto is gone by then. aplicar always comes through the event
+// loop, never inside this call, however fast the worker is.
 template <typename Trabajo, typename Aplicar>
 void enSegundoPlano(QObject* contexto, Trabajo trabajo, Aplicar aplicar)
 {
-    QtConcurrent::run(grupoDeTrabajo(), std::move(trabajo)).then(contexto, std::move(aplicar));
+    grupoDeTrabajo()->start([yo = QPointer<QObject>(contexto), trabajo, aplicar]() mutable {
+        QMetaObject::invokeMethod(
+            QCoreApplication::instance(),
+            [yo, aplicar, r = trabajo()]() mutable {
+                if (yo)
+                    aplicar(std::move(r));
+            },
+            Qt::QueuedConnection);
+    });
 }
 
 // From any thread: f(objeto) later on the main thread, if the object still

@@ -212,4 +212,17 @@ std::map<std::string, std::string> papelera(const fs::path& datos)
     return r;
 }
 
+fs::path aislarProceso()
+{
+    const auto casa = carpetaTemporal("vorlano-home");
+    ::setenv("HOME", casa.c_str(), 1);
+    ::setenv("XDG_DATA_HOME", (casa / ".local/share").c_str(), 1);
+    ::setenv("XDG_CONFIG_HOME", (casa / ".config").c_str(), 1);
+    ::setenv("XDG_CACHE_HOME", (casa / ".cache").c_str(), 1);
+    ::setenv("XDG_STATE_HOME", (casa / ".local/state").c_str(), 1);
+    for (const char* v : {"VORLANO_HOME", "VORLANO_TIEMPOS", "VORLANO_GRANDE_MB", "VORLANO_AVISO_GB"})
+        ::unsetenv(v);
+    return casa;
+}
+
 } // namespace apoyo

@@ -70,6 +70,11 @@ std::map<std::string, std::string> huellas(const fs::path& raiz);
 // .trashinfo files; one that isn't well formed fails the test.
 std::map<std::string, std::string> papelera(const fs::path& datos);
 
+// For a test program's main: a scratch home for the whole process, with HOME
+// and the XDG homes pointed into it and the program's own variables unset, so
+// that no test writes into the real home of the machine.
+fs::path aislarProceso();
+
 // A unique scratch folder under the temporary folder, and its removal.
 fs::path carpetaTemporal(std::string_view prefijo);
 void borrarArbol(const fs::path& p);

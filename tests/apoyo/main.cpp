@@ -12,15 +12,7 @@
 
 int main(int argc, char** argv)
 {
-    const auto casa = apoyo::carpetaTemporal("vorlano-home");
-    ::setenv("HOME", casa.c_str(), 1);
-    ::setenv("XDG_DATA_HOME", (casa / ".local/share").c_str(), 1);
-    ::setenv("XDG_CONFIG_HOME", (casa / ".config").c_str(), 1);
-    ::setenv("XDG_CACHE_HOME", (casa / ".cache").c_str(), 1);
-    ::setenv("XDG_STATE_HOME", (casa / ".local/state").c_str(), 1);
-    ::unsetenv("VORLANO_HOME");
-    ::unsetenv("VORLANO_TIEMPOS");
-    ::unsetenv("VORLANO_GRANDE_MB");
+    const auto casa = apoyo::aislarProceso();
 
     QCoreApplication app(argc, argv);
     std::setlocale(LC_NUMERIC, "C");

@@ -18,16 +18,8 @@ Q_IMPORT_QML_PLUGIN(VorlanoPlugin)
 
 int main(int argc, char** argv)
 {
-    const auto casa = apoyo::carpetaTemporal("vorlano-home");
-    ::setenv("HOME", casa.c_str(), 1);
-    ::setenv("XDG_DATA_HOME", (casa / ".local/share").c_str(), 1);
-    ::setenv("XDG_CONFIG_HOME", (casa / ".config").c_str(), 1);
-    ::setenv("XDG_CACHE_HOME", (casa / ".cache").c_str(), 1);
+    const auto casa = apoyo::aislarProceso();
     ::setenv("XDG_RUNTIME_DIR", casa.c_str(), 1);
-    ::unsetenv("VORLANO_HOME");
-    ::unsetenv("VORLANO_TIEMPOS");
-    ::unsetenv("VORLANO_GRANDE_MB");
-    ::unsetenv("VORLANO_AVISO_GB");
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
     ::setenv("QT_QUICK_BACKEND", "software", 1);
 
