@@ -3,7 +3,8 @@
 
 #include "plataforma/escritura.h"
 #include "plataforma/lectura.h"
-#include "plataforma/linux/xdg.h"
+#include "plataforma/lugares.h"
+#include "plataforma/sistema.h"
 
 #include <fcntl.h>
 #include <poll.h>
@@ -29,8 +30,7 @@ constexpr int esperaMs = 2000;
 
 fs::path entradaAutostart()
 {
-    const fs::path config = configuracionDeUsuario();
-    return config.empty() ? fs::path() : config / "autostart/vorlano.desktop";
+    return carpetaBase(Base::config, carpetaPersonalReal(), false) / "autostart/vorlano.desktop";
 }
 
 // A path as one quoted argument of a desktop entry's Exec key: quoting first,
@@ -123,10 +123,7 @@ bool entregarAInstancia(const fs::path& ruta, std::string_view mensaje)
 
 bool inicioSesionActivo()
 {
-    const fs::path entrada = entradaAutostart();
-    if (entrada.empty())
-        return false;
-    const auto texto = leerArchivo(entrada, 65536);
+    const auto texto = leerArchivo(entradaAutostart(), 65536);
     if (!texto)
         return false;
     // An entry the user's session turned off stays in place, switched off.
@@ -145,8 +142,6 @@ bool inicioSesionActivo()
 std::optional<std::string> cambiarInicioSesion(bool activo)
 {
     const fs::path entrada = entradaAutostart();
-    if (entrada.empty())
-        return "no hay carpeta de configuración";
     if (!activo) {
         if (::unlink(entrada.c_str()) != 0 && errno != ENOENT)
             return errorDelSistema();

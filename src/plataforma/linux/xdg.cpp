@@ -17,15 +17,6 @@ fs::path datosDeUsuario()
     return {};
 }
 
-fs::path configuracionDeUsuario()
-{
-    if (const char* d = std::getenv("XDG_CONFIG_HOME"); d != nullptr && *d)
-        return d;
-    if (const char* h = std::getenv("HOME"); h != nullptr && *h)
-        return fs::path(h) / ".config";
-    return {};
-}
-
 std::vector<fs::path> carpetasDeEntradas()
 {
     std::vector<fs::path> r;

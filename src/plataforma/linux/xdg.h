@@ -12,9 +12,6 @@ namespace plataforma {
 // $XDG_DATA_HOME, else ~/.local/share.
 std::filesystem::path datosDeUsuario();
 
-// $XDG_CONFIG_HOME, else ~/.config.
-std::filesystem::path configuracionDeUsuario();
-
 // The applications folders of the desktop entries, most important first:
 // the user's, then one per $XDG_DATA_DIRS entry.
 std::vector<std::filesystem::path> carpetasDeEntradas();
