@@ -4,7 +4,7 @@
 
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
-#include "desinstalador/bundles.h"
+#include "desinstalador/fixturas.h"
 #include "estado/comun.h"
 #include "estado/historial_compartido.h"
 #include "estado/trabajo.h"
