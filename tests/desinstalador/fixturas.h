@@ -5,6 +5,7 @@
 // installations, snaps, desktop entries and AppImages, and what the Trash holds.
 
 #include "apoyo/casa.h"
+#include "apoyo/proceso.h"
 #include "plataforma/papelera.h"
 
 #include <glib.h>
@@ -15,7 +16,9 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <set>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -108,4 +111,21 @@ inline void snap(const fs::path& raiz, const fs::path& paquetes, const std::stri
     archivoModo(raiz / nombre / "7/meta/snap.yaml", "name: " + nombre + "\n" + std::string(yaml));
     fs::create_directory_symlink("7", raiz / nombre / "current");
     archivoModo(paquetes / (nombre + "_7.snap"), std::string(8192, 's'));
+}
+
+// The rows of the orphans' category in the terminal report of a scan of that
+// home, as "<mark> <name> — <detail>": the size column left out.
+inline std::set<std::string> huerfanosDelInforme(const fs::path& casa)
+{
+    const std::string s = apoyo::ejecutarVorlano(casa, {"--scan"}).salida;
+    std::set<std::string> r;
+    const size_t titulo = s.find("\n■ Restos de apps desinstaladas — ");
+    if (titulo == std::string::npos)
+        return r;
+    const std::regex fila("   (\\[.\\]) [0-9.,]+ [A-Za-z]+ +(.*)");
+    std::istringstream lineas(s.substr(s.find('\n', titulo + 1) + 1));
+    std::smatch m;
+    for (std::string l; std::getline(lineas, l) && std::regex_match(l, m, fila);)
+        r.insert(m.str(1) + " " + m.str(2));
+    return r;
 }
