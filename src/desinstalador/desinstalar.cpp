@@ -30,12 +30,8 @@ Resultado Desinstalador::desinstalar(const AppInstalada& app, const std::vector<
     for (const Elemento& e : restos) {
         if (!e.seleccionado)
             continue;
-        if (!limpiador.permitido(e.url)) {
-            r.errores.push_back(rellenar(tr("{nombre}: ruta no permitida, se omitió"), {{"nombre", e.nombre}}));
-            continue;
-        }
-        if (auto error = plataforma::moverAPapelera(e.url))
-            r.errores.push_back(e.nombre + ": " + *error);
+        if (auto error = limpiador.moverAPapelera(e.url, e.nombre))
+            r.errores.push_back(std::move(*error));
         else
             r.enPapelera += e.tamano;
     }
@@ -89,8 +85,11 @@ std::optional<std::string> Desinstalador::quitarPaquete(const AppInstalada& app)
 std::optional<std::string> Desinstalador::moverAppAPapelera(const AppInstalada& app) const
 {
     if (!app.deRoot) {
-        if (auto error = plataforma::moverAPapelera(app.url))
-            return app.nombre + ": " + *error;
+        // The bundle lies outside the home and skips the path rule, not the
+        // rest: no link or mount point inside it, or in its place, is crossed.
+        const plataforma::Traslado t = plataforma::moverAPapelera(app.url);
+        if (!t.movido)
+            return Limpiador::motivo(t, app.nombre);
         return std::nullopt;
     }
     // Not the user's to move: the system asks for an administrator's password.

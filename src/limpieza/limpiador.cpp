@@ -97,7 +97,7 @@ Resultado Limpiador::limpiar(std::vector<Categoria> categorias, const Progreso& 
             }
             progreso(mensaje("Limpiando {nombre}…", e.nombre));
             if (c.modo == Modo::papelera)
-                moverAPapelera(e, r);
+                moverElemento(e, r);
             else
                 vaciarElemento(e, r);
         }
@@ -119,22 +119,42 @@ void Limpiador::ejecutarAccion(const Elemento& e, Resultado& r) const
         r.borrado += std::max<int64_t>(0, antes - tamanoEnDisco(*a.medir));
 }
 
-void Limpiador::moverAPapelera(const Elemento& e, Resultado& r) const
+std::string Limpiador::motivo(const plataforma::Traslado& t, const std::string& nombre)
 {
-    for (const fs::path& u : e.urls()) {
-        // The rule judged the text; the move must not leave it through a
-        // folder that is a link. The item itself may be one: it goes as a link.
-        const fs::path relativa = *relativaPermitida(u);
-        if (plataforma::examinar(entorno.home, relativa) == plataforma::Clase::enlaceEnRuta) {
-            r.errores.push_back(mensaje("{nombre}: es un enlace a otra carpeta, se omitió", e.nombre));
-            return;
-        }
-        // What is already in the Trash stays there; the rest isn't tried.
-        if (const auto fallo = plataforma::moverAPapelera(estandarizar(u))) {
-            r.errores.push_back(e.nombre + ": " + *fallo);
-            return;
-        }
+    switch (t.clase) {
+    case plataforma::Clase::enlaceEnRuta:
+        return mensaje("{nombre}: es un enlace a otra carpeta, se omitió", nombre);
+    case plataforma::Clase::montaje:
+        return mensaje("{nombre}: hay un punto de montaje en su ruta, se omitió", nombre);
+    case plataforma::Clase::conMontaje:
+        return mensaje("{nombre}: contiene un punto de montaje, se omitió", nombre);
+    default:
+        return nombre + ": " + t.error;
     }
+}
+
+std::optional<std::string> Limpiador::moverAPapelera(const fs::path& ruta, const std::string& nombre) const
+{
+    // The move works on the standardised path below home: ".." after a link
+    // would lead elsewhere than the text the rule judged. The item itself may
+    // be a link: it goes as a link.
+    const auto relativa = relativaPermitida(ruta);
+    if (!relativa)
+        return mensaje("{nombre}: ruta no permitida, se omitió", nombre);
+    const plataforma::Traslado t = plataforma::moverAPapelera(estandarizar(entorno.home), *relativa);
+    if (t.movido)
+        return std::nullopt;
+    return motivo(t, nombre);
+}
+
+void Limpiador::moverElemento(const Elemento& e, Resultado& r) const
+{
+    for (const fs::path& u : e.urls())
+        // What is already in the Trash stays there; the rest isn't tried.
+        if (auto fallo = moverAPapelera(u, e.nombre)) {
+            r.errores.push_back(std::move(*fallo));
+            return;
+        }
     // The figure of the analysis, not a new measurement.
     r.enPapelera += e.tamano;
 }
@@ -142,37 +162,43 @@ void Limpiador::moverAPapelera(const Elemento& e, Resultado& r) const
 void Limpiador::vaciarElemento(const Elemento& e, Resultado& r) const
 {
     const auto urls = e.urls();
+    int64_t retenido = 0;
     for (const fs::path& u : urls)
-        vaciar(u, e.nombre, r.errores);
-    // Only what really went counts; an item that grew counts 0.
+        retenido += vaciar(u, e.nombre, r.errores);
+    // Only what really went counts: an item that grew counts 0, and a file
+    // whose data another hard link keeps frees nothing.
     int64_t quedan = 0;
     for (const fs::path& u : urls)
         quedan += tamanoEnDisco(estandarizar(u));
-    r.borrado += std::max<int64_t>(0, e.tamano - quedan);
+    r.borrado += std::max<int64_t>(0, e.tamano - quedan - retenido);
 }
 
-void Limpiador::vaciar(const fs::path& ruta, const std::string& nombre, std::vector<std::string>& errores) const
+int64_t Limpiador::vaciar(const fs::path& ruta, const std::string& nombre, std::vector<std::string>& errores) const
 {
     // The removal works on the standardised path below home: ".." after a
     // link would lead elsewhere than the text the rule judged.
     const auto relativa = relativaPermitida(ruta);
     if (!relativa) {
         errores.push_back(mensaje("{nombre}: ruta no permitida, se omitió", nombre));
-        return;
+        return 0;
     }
-    const plataforma::Vaciado v = plataforma::vaciar(entorno.home, *relativa);
+    const plataforma::Vaciado v = plataforma::vaciar(estandarizar(entorno.home), *relativa);
     switch (v.clase) {
     case plataforma::Clase::ausente:
         // Gone since the analysis: nothing left to do, nothing to say.
-        return;
+        break;
     case plataforma::Clase::enlace:
     case plataforma::Clase::enlaceEnRuta:
         errores.push_back(mensaje("{nombre}: es un enlace a otra carpeta, se omitió", nombre));
-        return;
+        break;
+    case plataforma::Clase::montaje:
+    case plataforma::Clase::conMontaje:
+        errores.push_back(mensaje("{nombre}: hay un punto de montaje en su ruta, se omitió", nombre));
+        break;
     case plataforma::Clase::archivo:
         if (!v.error.empty())
             errores.push_back(nombre + ": " + v.error);
-        return;
+        break;
     case plataforma::Clase::carpeta:
         if (!v.error.empty())
             errores.push_back(
@@ -183,6 +209,7 @@ void Limpiador::vaciar(const fs::path& ruta, const std::string& nombre, std::vec
                                        {{"nombre", nombre},
                                         {"fallidos", std::to_string(v.fallidos)},
                                         {"total", std::to_string(v.total)}}));
-        return;
+        break;
     }
+    return v.retenido;
 }

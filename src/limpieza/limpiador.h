@@ -7,8 +7,11 @@
 #include "nucleo/entorno.h"
 #include "nucleo/modelo.h"
 #include "nucleo/progreso.h"
+#include "plataforma/papelera.h"
 
+#include <cstdint>
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -60,8 +63,20 @@ struct Limpiador {
 
     // Empties one path in place: a folder stays and loses its children, a file
     // is removed, a link is left alone. A path the rule refuses is not touched.
-    // Problems are added to errores under the name given.
-    void vaciar(const std::filesystem::path& ruta, const std::string& nombre, std::vector<std::string>& errores) const;
+    // Problems are added to errores under the name given. Returns the bytes of
+    // what was removed but not given back, being hard-linked elsewhere.
+    int64_t vaciar(const std::filesystem::path& ruta, const std::string& nombre,
+                   std::vector<std::string>& errores) const;
+
+    // Moves one path to the Trash if the rule allows it, without leaving the
+    // home folder on the way: no folder between the home and it may be a link
+    // or a mount point, nor may it be or hold a mount point itself. Absent
+    // once it is in the Trash, else the line for errores under the name given.
+    // The cleaner, the uninstaller's leftovers and the map all move this way.
+    std::optional<std::string> moverAPapelera(const std::filesystem::path& ruta, const std::string& nombre) const;
+
+    // The line for errores of a Trash move that failed.
+    static std::string motivo(const plataforma::Traslado& t, const std::string& nombre);
 
 private:
     std::vector<std::string> raices_;
@@ -70,6 +85,6 @@ private:
     // The path below the home folder, if the rule allows it.
     std::optional<std::filesystem::path> relativaPermitida(const std::filesystem::path& ruta) const;
     void ejecutarAccion(const Elemento& e, Resultado& r) const;
-    void moverAPapelera(const Elemento& e, Resultado& r) const;
+    void moverElemento(const Elemento& e, Resultado& r) const;
     void vaciarElemento(const Elemento& e, Resultado& r) const;
 };

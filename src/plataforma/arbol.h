@@ -51,6 +51,10 @@ struct EntradaArbol {
 
 using VisitaArbol = std::function<Paso(const EntradaArbol&)>;
 
+// How many levels below its root a walk or a removal goes. No real tree is
+// this deep; a hostile one can't exhaust the stack or the descriptors.
+inline constexpr int profundidadMaxima = 256;
+
 // Depth-first walk of `raiz` and everything below it, relative to open folder
 // descriptors, so that each entry costs the lookup of its own name rather
 // than of its whole path. The root is reported first, at level 0, whatever
@@ -59,9 +63,9 @@ using VisitaArbol = std::function<Paso(const EntradaArbol&)>;
 // device than the root is reported and, unless pruned, ends at once, unopened.
 // An entry that can't be statted, the root included, is passed over; a
 // listing that fails midway ends its folder there. One descriptor stays open
-// per level, so a folder deeper than the descriptor limit comes as
-// `ilegible`. Nothing is allocated per entry or per folder once the path
-// buffer and a listing buffer per level exist.
+// per level: a folder at level profundidadMaxima, or one that finds the
+// descriptors used up, comes as `ilegible`. Nothing is allocated per entry or
+// per folder once the path buffer and a listing buffer per level exist.
 void recorrerArbol(const std::filesystem::path& raiz, const VisitaArbol& visitar);
 
 } // namespace plataforma

@@ -4,11 +4,16 @@
 // Removal that can't be redirected. Below a base folder every step goes
 // through directory descriptors opened without following links, so a folder
 // swapped for a symbolic link while we work is removed as a link and never
-// entered, and nothing outside the tree is reached. A failure doesn't stop the
-// removal, and a folder on another mount (bind mounts included) is not entered.
+// entered, and nothing outside the tree is reached. Nothing crosses a mount
+// boundary: a path whose entry or any folder on the way is a mount point
+// (bind mounts included) is refused, and a folder mounted inside what is
+// emptied is left in place. A failure doesn't stop the removal.
+
+#include "plataforma/arbol.h"
 
 #include <atomic>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 
@@ -23,11 +28,13 @@ enum class Clase {
     enlaceEnRuta, // a folder on the way below the base is a symbolic link
     archivo,      // anything but a folder: file, socket, device…
     carpeta,
+    montaje,      // the entry, or a folder on the way, is a mount point
+    conMontaje,   // a folder with a mount point somewhere inside (the Trash refuses it)
 };
 Clase examinar(const std::filesystem::path& base, const std::filesystem::path& relativa);
 
 struct Vaciado {
-    // ausente, enlace and enlaceEnRuta touched nothing.
+    // ausente, enlace, enlaceEnRuta and montaje touched nothing.
     Clase clase = Clase::ausente;
     // archivo: why its removal failed. carpeta: why it couldn't be listed.
     // Empty when all went well.
@@ -35,11 +42,16 @@ struct Vaciado {
     // carpeta: direct children found, and those still there at the end.
     size_t total = 0;
     size_t fallidos = 0;
+    // Bytes of what was removed while another hard link, here or elsewhere,
+    // kept its data: they were not given back.
+    int64_t retenido = 0;
 };
 
 // Empties base/relativa: a folder stays and loses every child, whole subtrees
 // at a time, hidden ones included; anything else is removed. Links are
 // removed as links. `relativa` is relative, with no "." or ".." component.
+// Folders deeper than profundidadMaxima below it are not entered: they stay,
+// and count as failures of the child they are in.
 Vaciado vaciar(const std::filesystem::path& base, const std::filesystem::path& relativa);
 
 // The system's own text for an error number, in the user's language.

@@ -43,10 +43,13 @@ fs::path conArchivo(const fs::path& p, const std::function<bool(int)>& f)
 
 } // namespace
 
-fs::path carpetaTemporal(std::string_view prefijo)
+fs::path carpetaTemporal(std::string_view prefijo, bool enMemoria)
 {
     const char* tmp = std::getenv("TMPDIR");
-    std::string plantilla = std::string(tmp && *tmp ? tmp : "/tmp") + "/" + std::string(prefijo) + "-XXXXXX";
+    std::string base = tmp && *tmp ? tmp : "/tmp";
+    if (enMemoria && ::access("/dev/shm", W_OK) == 0)
+        base = "/dev/shm";
+    std::string plantilla = base + "/" + std::string(prefijo) + "-XXXXXX";
     if (::mkdtemp(plantilla.data()) == nullptr)
         throw std::runtime_error("mkdtemp falló");
     return plantilla;
@@ -64,7 +67,7 @@ void borrarArbol(const fs::path& p)
     fs::remove(p, ec);
 }
 
-CasaPrueba::CasaPrueba() : raiz_(carpetaTemporal("vorlano-casa")) {}
+CasaPrueba::CasaPrueba(bool enMemoria) : raiz_(carpetaTemporal("vorlano-casa", enMemoria)) {}
 
 CasaPrueba::~CasaPrueba()
 {

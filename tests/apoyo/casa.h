@@ -19,7 +19,9 @@ namespace fs = std::filesystem;
 
 class CasaPrueba {
 public:
-    CasaPrueba();
+    // In memory (a tmpfs) where the system allows it: for tests that build
+    // thousands of small trees, whose files are each flushed to disk.
+    explicit CasaPrueba(bool enMemoria = false);
     ~CasaPrueba();
     CasaPrueba(const CasaPrueba&) = delete;
     CasaPrueba& operator=(const CasaPrueba&) = delete;
@@ -75,8 +77,9 @@ std::map<std::string, std::string> papelera(const fs::path& datos);
 // that no test writes into the real home of the machine.
 fs::path aislarProceso();
 
-// A unique scratch folder under the temporary folder, and its removal.
-fs::path carpetaTemporal(std::string_view prefijo);
+// A unique scratch folder under the temporary folder, or in memory, and its
+// removal.
+fs::path carpetaTemporal(std::string_view prefijo, bool enMemoria = false);
 void borrarArbol(const fs::path& p);
 
 } // namespace apoyo

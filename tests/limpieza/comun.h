@@ -5,11 +5,15 @@
 // that must never lose a byte, and a cleaning run that keeps its messages.
 
 #include "apoyo/casa.h"
+#include "apoyo/proceso.h"
 #include "limpieza/limpiador.h"
 
 #include <gtest/gtest.h>
 
+#include <sys/mount.h>
+
 #include <fstream>
+#include <functional>
 
 namespace prueba {
 
@@ -38,9 +42,9 @@ inline bool vacia(const fs::path& carpeta)
 
 // dato, sub/hondo and victima/dato, outside every scratch home.
 struct Fuera {
-    fs::path raiz = apoyo::carpetaTemporal("vorlano-fuera");
+    fs::path raiz;
     std::map<std::string, std::string> antes;
-    Fuera()
+    explicit Fuera(bool enMemoria = false) : raiz(apoyo::carpetaTemporal("vorlano-fuera", enMemoria))
     {
         fs::create_directories(raiz / "sub");
         fs::create_directories(raiz / "victima");
@@ -62,5 +66,28 @@ inline Resultado limpiar(const Entorno& entorno, std::vector<Categoria> cs, std:
 }
 
 using Lineas = std::vector<std::string>;
+
+// f runs in a child with a mount namespace of its own, and its failures fail
+// the test; the test is skipped where there is no such namespace.
+inline void conMontajes(const std::function<void()>& f)
+{
+    const int estado = apoyo::conMontajesPropios([&] {
+        f();
+        return ::testing::Test::HasFailure() ? 1 : 0;
+    });
+    if (estado == apoyo::sinMontajes)
+        GTEST_SKIP() << "no se pueden montar sistemas de archivos aquí";
+    EXPECT_EQ(estado, 0);
+}
+
+// Only inside conMontajes: a tmpfs, or `origen` bound there.
+inline void montar(const fs::path& donde, const char* opciones = nullptr, const fs::path& origen = {})
+{
+    fs::create_directories(donde);
+    const int r = origen.empty() ? ::mount("tmpfs", donde.c_str(), "tmpfs", 0, opciones)
+                                 : ::mount(origen.c_str(), donde.c_str(), nullptr, MS_BIND, nullptr);
+    if (r != 0)
+        std::_Exit(apoyo::sinMontajes);
+}
 
 } // namespace prueba

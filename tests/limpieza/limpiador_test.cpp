@@ -68,8 +68,9 @@ TEST(Limpiador, VaciaEnSitioSinSeguirEnlacesYCuentaLoQueSeFue)
     EXPECT_TRUE(existe(otro));
     EXPECT_TRUE(existe(dentro));
     EXPECT_TRUE(fuera.intacto());
-    // The folder's own blocks stay; what grew frees nothing, what is gone counts in full.
-    EXPECT_EQ(r.borrado, tamApp - apoyo::asignado(app) + tamLog + 50000);
+    // The folder's own blocks stay; what grew frees nothing, what is gone
+    // counts in full, and a hard link's data stays with its other name.
+    EXPECT_EQ(r.borrado, tamApp - apoyo::asignado(app) - apoyo::asignado(fuera.raiz / "dato") + tamLog + 50000);
     EXPECT_EQ(r.enPapelera, 0);
     EXPECT_EQ(avisos, (Lineas{"Limpiando app…", "Limpiando log…", "Limpiando crecio…", "Limpiando ido…",
                               "Limpiando enlace…", "Limpiando por-enlace…", "Limpiando victima…"}));

@@ -48,7 +48,9 @@ private:
         if (paso != Paso::seguir || tipo != TipoEntrada::carpeta)
             return paso != Paso::parar;
         TipoEntrada fin = TipoEntrada::finCarpeta;
-        if (st.st_dev == dispositivo_) {
+        if (nivel >= profundidadMaxima) {
+            fin = TipoEntrada::ilegible;
+        } else if (st.st_dev == dispositivo_) {
             // O_NOFOLLOW: a folder swapped for a link since the stat is not entered.
             const int fd = ::openat(dir, nombre, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
             if (fd < 0)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plataforma/borrado.h"
 
+#include "plataforma/linux/descriptores.h"
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -18,53 +20,10 @@ namespace plataforma {
 
 namespace {
 
-constexpr int abrirCarpeta = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-
 // A removal pass over a folder that removed something is followed by another,
 // because a directory stream may skip entries while its folder changes. The
 // bound keeps a writer that never stops from holding us forever.
 constexpr int maximoPasadas = 16;
-
-class Descriptor {
-public:
-    explicit Descriptor(int fd = -1) : fd_(fd) {}
-    ~Descriptor()
-    {
-        if (fd_ >= 0)
-            ::close(fd_);
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-    Descriptor(Descriptor&& o) noexcept : fd_(o.soltar()) {}
-    Descriptor& operator=(Descriptor&& o) noexcept
-    {
-        std::swap(fd_, o.fd_);
-        return *this;
-    }
-    int get() const { return fd_; }
-    int soltar() { return std::exchange(fd_, -1); }
-
-private:
-    int fd_;
-};
-
-// The mount a folder lies on: the device, and the mount id where the kernel
-// gives it, which also tells a bind mount of the same file system apart.
-struct Montaje {
-    dev_t dispositivo = 0;
-    uint64_t id = 0;
-    bool operator==(const Montaje&) const = default;
-};
-
-bool montajeDe(int fd, Montaje& m)
-{
-    struct statx sx;
-    if (::statx(fd, "", AT_EMPTY_PATH | AT_NO_AUTOMOUNT, STATX_TYPE | STATX_MNT_ID, &sx) != 0)
-        return false;
-    m.dispositivo = makedev(sx.stx_dev_major, sx.stx_dev_minor);
-    m.id = (sx.stx_mask & STATX_MNT_ID) ? sx.stx_mnt_id : 0;
-    return true;
-}
 
 bool esPunto(const char* n)
 {
@@ -83,14 +42,36 @@ struct Cuenta {
     int error = 0; // of the listing, when it failed before any entry
 };
 
-Cuenta vaciarFlujo(DIR* d, const Montaje& m);
+// What one removal shares down the tree: the mount it stays on, and the bytes
+// of entries removed while another hard link kept their data.
+struct Contexto {
+    Montaje montaje;
+    int64_t retenido = 0;
+};
 
-// Removes one entry of the open folder `dir`, a whole subtree for a folder.
-// True when it is gone, whoever removed it.
-bool borrarEntrada(int dir, const char* nombre, unsigned char tipo, const Montaje& m)
+Cuenta vaciarFlujo(DIR* d, Contexto& c, int nivel);
+
+// Unlinks an entry that isn't a folder; true when it is gone, whoever removed
+// it. A file with other names frees nothing: its blocks count as retained.
+bool quitarNoCarpeta(int dir, const char* nombre, Contexto& c)
+{
+    struct stat st;
+    const bool visto = ::fstatat(dir, nombre, &st, AT_SYMLINK_NOFOLLOW) == 0;
+    if (::unlinkat(dir, nombre, 0) == 0) {
+        if (visto && !S_ISDIR(st.st_mode) && st.st_nlink > 1)
+            c.retenido += int64_t(st.st_blocks) * 512;
+        return true;
+    }
+    return errno == ENOENT;
+}
+
+// Removes one entry of the open folder `dir`, a whole subtree for a folder,
+// which lies `nivel` levels below the item. True when it is gone, whoever
+// removed it.
+bool borrarEntrada(int dir, const char* nombre, unsigned char tipo, Contexto& c, int nivel)
 {
     if (tipo != DT_DIR) {
-        if (::unlinkat(dir, nombre, 0) == 0 || errno == ENOENT)
+        if (quitarNoCarpeta(dir, nombre, c))
             return true;
         // A folder after all (listed without a type, or swapped in since)?
         // Linux answers EISDIR, other systems EPERM, which an immutable file
@@ -103,33 +84,36 @@ bool borrarEntrada(int dir, const char* nombre, unsigned char tipo, const Montaj
         if (!S_ISDIR(st.st_mode))
             return false;
     }
+    // Too deep to hold a descriptor per level: left as it is.
+    if (nivel > profundidadMaxima)
+        return false;
     Descriptor fd(::openat(dir, nombre, abrirCarpeta));
     if (fd.get() < 0) {
         if (errno == ENOENT)
             return true;
         // Swapped for a link or a file since it was listed: remove that, unfollowed.
         if (errno == ELOOP || errno == ENOTDIR)
-            return ::unlinkat(dir, nombre, 0) == 0 || errno == ENOENT;
+            return quitarNoCarpeta(dir, nombre, c);
         // Not readable: an empty folder still goes.
         return ::unlinkat(dir, nombre, AT_REMOVEDIR) == 0 || errno == ENOENT;
     }
     Montaje propio;
-    if (!montajeDe(fd.get(), propio) || !(propio == m))
-        return false; // another mount: not entered, and it can't be removed
+    if (!montajeDe(fd.get(), propio) || !(propio == c.montaje))
+        return false; // a mount point: not entered, and it can't be removed
     DIR* d = ::fdopendir(fd.get());
     if (d == nullptr)
         return false;
     fd.soltar();
-    vaciarFlujo(d, m);
+    vaciarFlujo(d, c, nivel);
     ::closedir(d);
     return ::unlinkat(dir, nombre, AT_REMOVEDIR) == 0 || errno == ENOENT;
 }
 
-// Removes every entry of the open folder; allocates nothing per entry.
-// `quedan` is what the last pass still saw.
-Cuenta vaciarFlujo(DIR* d, const Montaje& m)
+// Removes every entry of the open folder, which lies `nivel` levels below the
+// item; allocates nothing per entry. `quedan` is what the last pass still saw.
+Cuenta vaciarFlujo(DIR* d, Contexto& c, int nivel)
 {
-    Cuenta c;
+    Cuenta cuenta;
     const int dir = ::dirfd(d);
     for (int pasada = 0; pasada < maximoPasadas; ++pasada) {
         size_t vistos = 0;
@@ -140,62 +124,19 @@ Cuenta vaciarFlujo(DIR* d, const Montaje& m)
                 continue;
             ++vistos;
             pausar(e->d_name);
-            if (borrarEntrada(dir, e->d_name, e->d_type, m))
+            if (borrarEntrada(dir, e->d_name, e->d_type, c, nivel + 1))
                 ++quitados;
             errno = 0;
         }
         if (errno != 0 && pasada == 0 && vistos == 0)
-            c.error = errno;
-        c.quitados += quitados;
-        c.quedan = vistos - quitados;
+            cuenta.error = errno;
+        cuenta.quitados += quitados;
+        cuenta.quedan = vistos - quitados;
         if (quitados == 0)
             break;
         ::rewinddir(d);
     }
-    return c;
-}
-
-// Opens the folder that holds the last component of `relativa`, reached from
-// `base` without following links; -1 with `clase` saying why.
-Descriptor abrirPadre(const fs::path& base, const fs::path& relativa, std::string& ultimo, Clase& clase)
-{
-    clase = Clase::ausente;
-    if (relativa.empty() || relativa.is_absolute())
-        return Descriptor();
-    Descriptor dir(::open(base.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (dir.get() < 0)
-        return Descriptor();
-    std::string pendiente;
-    for (const fs::path& parte : relativa) {
-        const std::string& p = parte.native();
-        if (p.empty())
-            continue; // a trailing slash
-        if (p == "." || p == "..")
-            return Descriptor();
-        if (!pendiente.empty()) {
-            Descriptor sig(::openat(dir.get(), pendiente.c_str(), abrirCarpeta));
-            if (sig.get() < 0) {
-                struct stat st;
-                if ((errno == ELOOP || errno == ENOTDIR) &&
-                    ::fstatat(dir.get(), pendiente.c_str(), &st, AT_SYMLINK_NOFOLLOW) == 0 && S_ISLNK(st.st_mode))
-                    clase = Clase::enlaceEnRuta;
-                return Descriptor();
-            }
-            dir = std::move(sig);
-        }
-        pendiente = p;
-    }
-    if (pendiente.empty())
-        return Descriptor();
-    ultimo = std::move(pendiente);
-    return dir;
-}
-
-Clase claseDe(const struct stat& st)
-{
-    if (S_ISLNK(st.st_mode))
-        return Clase::enlace;
-    return S_ISDIR(st.st_mode) ? Clase::carpeta : Clase::archivo;
+    return cuenta;
 }
 
 } // namespace
@@ -209,37 +150,37 @@ Clase examinar(const fs::path& base, const fs::path& relativa)
 {
     std::string ultimo;
     Clase clase;
-    const Descriptor dir = abrirPadre(base, relativa, ultimo, clase);
+    Montaje m;
+    const Descriptor dir = abrirPadre(base, relativa, ultimo, clase, m);
     if (dir.get() < 0)
         return clase;
-    struct stat st;
-    if (::fstatat(dir.get(), ultimo.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0)
-        return Clase::ausente;
-    return claseDe(st);
+    return claseEn(dir.get(), ultimo.c_str(), m);
 }
 
 Vaciado vaciar(const fs::path& base, const fs::path& relativa)
 {
     Vaciado v;
     std::string ultimo;
-    const Descriptor dir = abrirPadre(base, relativa, ultimo, v.clase);
+    Contexto c;
+    const Descriptor dir = abrirPadre(base, relativa, ultimo, v.clase, c.montaje);
     if (dir.get() < 0)
         return v;
-    struct stat st;
-    if (::fstatat(dir.get(), ultimo.c_str(), &st, AT_SYMLINK_NOFOLLOW) != 0)
-        return v;
-    v.clase = claseDe(st);
-    if (v.clase == Clase::enlace)
-        return v;
-    if (v.clase == Clase::archivo) {
-        if (::unlinkat(dir.get(), ultimo.c_str(), 0) != 0 && errno != ENOENT)
+    v.clase = claseEn(dir.get(), ultimo.c_str(), c.montaje);
+    switch (v.clase) {
+    case Clase::archivo:
+        if (!quitarNoCarpeta(dir.get(), ultimo.c_str(), c))
             v.error = descripcionError(errno);
+        v.retenido = c.retenido;
+        return v;
+    case Clase::carpeta:
+        break;
+    default:
         return v;
     }
     Descriptor fd(::openat(dir.get(), ultimo.c_str(), abrirCarpeta));
-    Montaje m;
+    Montaje propio;
     DIR* d = nullptr;
-    if (fd.get() < 0 || !montajeDe(fd.get(), m) || (d = ::fdopendir(fd.get())) == nullptr) {
+    if (fd.get() < 0 || !montajeDe(fd.get(), propio) || (d = ::fdopendir(fd.get())) == nullptr) {
         if (errno == ENOENT)
             v.clase = Clase::ausente;
         else if (errno == ELOOP)
@@ -249,14 +190,21 @@ Vaciado vaciar(const fs::path& base, const fs::path& relativa)
         return v;
     }
     fd.soltar();
-    const Cuenta c = vaciarFlujo(d, m);
-    ::closedir(d);
-    if (c.error != 0) {
-        v.error = descripcionError(c.error);
+    if (!(propio == c.montaje)) {
+        // Mounted on since it was examined: not entered.
+        ::closedir(d);
+        v.clase = Clase::montaje;
         return v;
     }
-    v.total = c.quitados + c.quedan;
-    v.fallidos = c.quedan;
+    const Cuenta cuenta = vaciarFlujo(d, c, 0);
+    ::closedir(d);
+    v.retenido = c.retenido;
+    if (cuenta.error != 0) {
+        v.error = descripcionError(cuenta.error);
+        return v;
+    }
+    v.total = cuenta.quitados + cuenta.quedan;
+    v.fallidos = cuenta.quedan;
     return v;
 }
 

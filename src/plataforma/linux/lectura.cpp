@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <cstring>
 
 namespace plataforma {
@@ -38,16 +40,26 @@ std::optional<std::string> leerArchivo(const std::filesystem::path& ruta, size_t
     std::optional<std::string> r;
     struct stat st;
     if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && uintmax_t(st.st_size) <= maximo) {
-        std::string datos(size_t(st.st_size), '\0');
+        // Read to the end rather than to the size: the files of /proc say 0,
+        // and a file may grow meanwhile. One byte past the limit tells it was
+        // passed.
+        std::string datos(std::max<size_t>(size_t(st.st_size), 4096), '\0');
         size_t leido = 0;
-        while (leido < datos.size()) {
+        for (;;) {
+            if (leido == datos.size())
+                datos.resize(std::min(datos.size() * 2, maximo + 1));
             const ssize_t n = ::read(fd, datos.data() + leido, datos.size() - leido);
+            if (n < 0 && errno == EINTR)
+                continue;
             if (n <= 0)
                 break;
             leido += size_t(n);
+            if (leido > maximo)
+                break;
         }
         datos.resize(leido);
-        r = std::move(datos);
+        if (leido <= maximo)
+            r = std::move(datos);
     }
     ::close(fd);
     return r;

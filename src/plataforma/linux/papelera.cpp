@@ -1,16 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The freedesktop.org Trash through GIO: the .trashinfo is written before the
-// move, links are not followed, and a move across file systems is refused
-// rather than turned into a copy.
+// The freedesktop.org home Trash, moved into relative to directory
+// descriptors: GIO's g_file_trash renames by path after its own checks, so a
+// folder on the path swapped for a link in between would lead it elsewhere.
 #include "plataforma/papelera.h"
 
 #include "plataforma/idioma.h"
-#include "plataforma/borrado.h"
+#include "plataforma/lectura.h"
+#include "plataforma/linux/descriptores.h"
+#include "plataforma/linux/reserva.h"
+#include "plataforma/linux/xdg.h"
 
-#include <gio/gio.h>
+#include <fcntl.h>
+#include <stdio.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <climits>
+#include <string_view>
 
 namespace fs = std::filesystem;
 
@@ -18,56 +25,149 @@ namespace plataforma {
 
 namespace {
 
-// The device of the path, or of its nearest existing parent (the Trash is
-// created on first use). Links are followed: GIO moves into the folder they
-// lead to.
-bool dispositivo(fs::path p, dev_t& d)
+// /proc/self/mountinfo is a few lines per mount; this is far beyond any system.
+constexpr size_t maximoMontajes = 16 << 20;
+
+// A field of mountinfo, whose blanks, tabs, newlines and backslashes come as
+// three octal digits after a backslash.
+std::string desescapar(std::string_view campo)
 {
-    struct stat st;
-    for (;;) {
-        if (::stat(p.c_str(), &st) == 0) {
-            d = st.st_dev;
-            return true;
+    auto octal = [](char c) { return c >= '0' && c <= '7'; };
+    std::string r;
+    for (size_t i = 0; i < campo.size(); ++i) {
+        if (campo[i] == '\\' && i + 4 <= campo.size() && octal(campo[i + 1]) && octal(campo[i + 2]) &&
+            octal(campo[i + 3])) {
+            r += char((campo[i + 1] - '0') * 64 + (campo[i + 2] - '0') * 8 + (campo[i + 3] - '0'));
+            i += 3;
+        } else {
+            r += campo[i];
         }
-        if (errno != ENOENT || !p.has_relative_path())
-            return false;
-        p = p.parent_path();
     }
+    return r;
+}
+
+// Whether anything is mounted below the open folder `fd`. Where that can't be
+// told, the answer is yes: the move is refused rather than risked.
+bool hayMontajeDentro(int fd)
+{
+    char enlace[64];
+    std::snprintf(enlace, sizeof enlace, "/proc/self/fd/%d", fd);
+    char buf[PATH_MAX];
+    const ssize_t n = ::readlink(enlace, buf, sizeof buf);
+    const auto montajes = leerArchivo("/proc/self/mountinfo", maximoMontajes);
+    if (n <= 0 || size_t(n) >= sizeof buf || buf[0] != '/' || !montajes)
+        return true;
+    std::string prefijo(buf, size_t(n));
+    if (prefijo != "/")
+        prefijo += '/';
+    // Each line: id, parent id, major:minor, root, mount point, ...
+    std::string_view resto = *montajes;
+    while (!resto.empty()) {
+        const size_t fin = resto.find('\n');
+        std::string_view linea = resto.substr(0, fin);
+        resto = fin == std::string_view::npos ? std::string_view() : resto.substr(fin + 1);
+        for (int i = 0; i < 4 && !linea.empty(); ++i) {
+            const size_t blanco = linea.find(' ');
+            linea = blanco == std::string_view::npos ? std::string_view() : linea.substr(blanco + 1);
+        }
+        const std::string punto = desescapar(linea.substr(0, linea.find(' ')));
+        if (punto.size() > prefijo.size() && punto.starts_with(prefijo))
+            return true;
+    }
+    return false;
 }
 
 } // namespace
 
 fs::path carpetaPapelera()
 {
-    // GLib's own reading of XDG_DATA_HOME, so that we empty the Trash that
-    // g_file_trash fills.
-    return fs::path(g_get_user_data_dir()) / "Trash";
+    return datosDeUsuario() / "Trash";
 }
 
-std::optional<std::string> moverAPapelera(const fs::path& ruta)
+Traslado moverAPapelera(const fs::path& base, const fs::path& relativa)
 {
-    struct stat st;
-    if (::lstat(ruta.c_str(), &st) != 0)
-        return descripcionError(errno);
-    // GIO picks the Trash by the home folder's device and, for an entry on
-    // another one, makes a Trash at the top of that file system: outside the
-    // home, and outside the scratch home in test mode. Only the home Trash is
-    // ours to fill.
-    dev_t papelera = 0;
-    dev_t casa = 0;
-    if (!dispositivo(carpetaPapelera(), papelera) || !dispositivo(g_get_home_dir(), casa) ||
-        st.st_dev != papelera || st.st_dev != casa)
-        return tr("No se puede mover a la Papelera porque está en otro sistema de archivos");
+    Traslado t;
+    std::string ultimo;
+    Montaje montaje;
+    const Descriptor dir = abrirPadre(base, relativa, ultimo, t.clase, montaje);
+    if (dir.get() < 0) {
+        if (t.clase == Clase::ausente)
+            t.error = descripcionError(ENOENT);
+        return t;
+    }
+    t.clase = claseEn(dir.get(), ultimo.c_str(), montaje);
+    if (t.clase == Clase::ausente) {
+        t.error = descripcionError(errno);
+        return t;
+    }
+    if (t.clase == Clase::montaje)
+        return t;
+    if (t.clase == Clase::carpeta) {
+        // A mount inside would move along with the folder, out of where the
+        // user put it; the folder stays where it is instead.
+        const Descriptor fd(::openat(dir.get(), ultimo.c_str(), abrirCarpeta));
+        Montaje propio;
+        if (fd.get() < 0 || !montajeDe(fd.get(), propio)) {
+            // Gone, or swapped for something else, since it was looked at.
+            t.error = descripcionError(errno);
+            return t;
+        }
+        if (!(propio == montaje)) {
+            t.clase = Clase::montaje;
+            return t;
+        }
+        if (hayMontajeDentro(fd.get())) {
+            t.clase = Clase::conMontaje;
+            return t;
+        }
+    }
 
-    GFile* archivo = g_file_new_for_path(ruta.c_str());
-    GError* error = nullptr;
-    const bool ok = g_file_trash(archivo, nullptr, &error);
-    g_object_unref(archivo);
-    if (ok)
-        return std::nullopt;
-    std::string texto = error != nullptr ? error->message : tr("No se pudo mover a la Papelera");
-    g_clear_error(&error);
-    return texto;
+    PapeleraAbierta papelera;
+    if (!abrirPapelera(papelera)) {
+        t.error = descripcionError(errno);
+        return t;
+    }
+    const fs::path original = (base.is_absolute() ? base : fs::absolute(base)) / relativa;
+    for (int intento = 0; intento < 8; ++intento) {
+        const auto nombre = reservarNombre(papelera, ultimo, original.lexically_normal());
+        if (!nombre) {
+            t.error = descripcionError(errno);
+            return t;
+        }
+        // The entry swapped since it was looked at goes as what it now is:
+        // a link is moved as a link, never followed.
+        if (::renameat2(dir.get(), ultimo.c_str(), papelera.archivos.get(), nombre->c_str(), RENAME_NOREPLACE) ==
+            0) {
+            t.movido = true;
+            return t;
+        }
+        const int error = errno;
+        anularReserva(papelera, *nombre);
+        if (error == EEXIST)
+            continue; // taken by another program since the reservation
+        if (error == EXDEV)
+            t.error = tr("No se puede mover a la Papelera porque está en otro sistema de archivos");
+        else if (error == EBUSY)
+            t.clase = Clase::montaje; // mounted on since it was looked at
+        else
+            t.error = descripcionError(error);
+        return t;
+    }
+    t.error = descripcionError(EEXIST);
+    return t;
+}
+
+Traslado moverAPapelera(const fs::path& ruta)
+{
+    fs::path r = ruta;
+    while (r.has_relative_path() && !r.has_filename())
+        r = r.parent_path();
+    if (!r.has_filename() || r.filename() == "." || r.filename() == "..") {
+        Traslado t;
+        t.error = descripcionError(EINVAL);
+        return t;
+    }
+    return moverAPapelera(r.has_parent_path() ? r.parent_path() : fs::path("."), r.filename());
 }
 
 std::optional<std::string> vaciarPapelera()
@@ -86,8 +186,7 @@ std::optional<std::string> vaciarPapelera()
         case Clase::carpeta:
             ok = ok && v.error.empty() && v.fallidos == 0;
             break;
-        case Clase::enlace:
-        case Clase::enlaceEnRuta:
+        default:
             ok = false;
             break;
         }
