@@ -33,8 +33,7 @@ std::filesystem::path carpetaPersonalReal()
 
 void aislarEnCarpeta(const std::filesystem::path& home)
 {
-    // HOME too: GIO picks the Trash by the device of HOME, and libraries that
-    // keep state under it must keep it here.
+    // HOME too: libraries that keep state under it must keep it here.
     if (!homeOriginal) {
         const char* h = std::getenv("HOME");
         homeOriginal = h != nullptr ? h : "";
