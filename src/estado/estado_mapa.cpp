@@ -8,7 +8,6 @@
 #include "mapa/medidor.h"
 #include "nucleo/textos.h"
 #include "plataforma/escritorio.h"
-#include "plataforma/papelera.h"
 
 #include <algorithm>
 
@@ -165,8 +164,9 @@ void EstadoMapa::moverAPapelera(const Nodo& n)
     const std::shared_ptr<NodoDisco> nodo = n.nodo;
     if (!nodo || impedimento(*nodo))
         return;
-    if (const auto error = plataforma::moverAPapelera(nodo->ruta)) {
-        ponerAviso(textoVisible(nodo->nombre) + ": " + *error);
+    // The cleaner's own move: no link or mount point on the way is crossed.
+    if (const auto error = Limpiador(entorno_).moverAPapelera(nodo->ruta, textoVisible(nodo->nombre))) {
+        ponerAviso(*error);
         return;
     }
     // Out of its parent, and every ancestor lighter by the same bytes.
