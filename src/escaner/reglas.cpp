@@ -89,9 +89,9 @@ const std::vector<Regla>& Escaner::redescarga()
         {".ollama/models", "Ollama", {"com.electron.ollama"}},
         {".cache/hyperframes", "HyperFrames", {}},
         {".m2/repository", "Maven", {}},
-        // Only the downloaded packages: the path rule never allows a folder directly
-        // in home, and .pub-cache/bin holds globally activated tools.
-        {".pub-cache/hosted", "Flutter / Dart", {}},
+        // Shown for its size; the path rule refuses a folder directly in home, so a
+        // cleaning reports it as not allowed instead of taking .pub-cache/bin's tools.
+        {".pub-cache", "Flutter / Dart", {}},
         {"Library/Developer/Xcode/iOS DeviceSupport", "Xcode · iOS DeviceSupport", {"com.apple.dt.Xcode"}},
         {"Library/Developer/Xcode/watchOS DeviceSupport", "Xcode · watchOS DeviceSupport", {"com.apple.dt.Xcode"}},
         {"Library/Unity/cache", "Unity", {}},
