@@ -3,6 +3,7 @@
 
 #include "nucleo/textos.h"
 
+#include <QUrl>
 #include <QVariantMap>
 
 QString textoDe(const std::string& bytes)
@@ -17,7 +18,30 @@ QVariantMap mapaDe(const AppInstalada& app)
             {QStringLiteral("bundleID"), textoDe(app.bundleID)},
             {QStringLiteral("tamano"), qint64(app.tamano)},
             {QStringLiteral("deRoot"), app.deRoot},
-            {QStringLiteral("ruta"), textoDe(app.url.native())}};
+            {QStringLiteral("ruta"), textoDe(app.url.native())},
+            {QStringLiteral("tipo"), nombreTipo(app.tipo)},
+            {QStringLiteral("icono"), urlIcono(app)}};
+}
+
+QString nombreTipo(TipoApp tipo)
+{
+    switch (tipo) {
+    case TipoApp::bundle: return QStringLiteral("bundle");
+    case TipoApp::flatpak: return QStringLiteral("flatpak");
+    case TipoApp::snap: return QStringLiteral("snap");
+    case TipoApp::appImage: return QStringLiteral("appImage");
+    case TipoApp::enCasa: return QStringLiteral("enCasa");
+    }
+    return {};
+}
+
+QUrl urlIcono(const AppInstalada& app)
+{
+    // The path's bytes as they are, percent-encoded where they aren't text.
+    if (app.icono.empty())
+        return {};
+    return QUrl(QStringLiteral("file://") +
+                QString::fromLatin1(QByteArray::fromStdString(app.icono.native()).toPercentEncoding("/")));
 }
 
 // Items
@@ -230,14 +254,18 @@ QVariant ModeloApps::data(const QModelIndex& indice, int rol) const
         return a.deRoot;
     case ruta:
         return textoDe(a.url.native());
+    case tipo:
+        return nombreTipo(a.tipo);
+    case icono:
+        return urlIcono(a);
     }
     return {};
 }
 
 QHash<int, QByteArray> ModeloApps::roleNames() const
 {
-    return {{nombre, "nombre"}, {version, "version"}, {bundleID, "bundleID"},
-            {tamano, "tamano"}, {deRoot, "deRoot"},   {ruta, "ruta"}};
+    return {{nombre, "nombre"}, {version, "version"}, {bundleID, "bundleID"}, {tamano, "tamano"},
+            {deRoot, "deRoot"}, {ruta, "ruta"},       {tipo, "tipo"},         {icono, "icono"}};
 }
 
 void ModeloApps::reiniciar(const std::function<void()>& cambio)

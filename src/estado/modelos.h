@@ -9,6 +9,7 @@
 #include "nucleo/modelo.h"
 
 #include <QAbstractListModel>
+#include <QUrl>
 #include <QtQml/qqmlregistration.h>
 
 #include <functional>
@@ -108,7 +109,7 @@ class ModeloApps : public QAbstractListModel {
     Q_PROPERTY(int cantidad READ cantidad NOTIFY cantidadChanged)
 
 public:
-    enum Rol { nombre = Qt::UserRole + 1, version, bundleID, tamano, deRoot, ruta };
+    enum Rol { nombre = Qt::UserRole + 1, version, bundleID, tamano, deRoot, ruta, tipo, icono };
 
     ModeloApps(const std::vector<AppInstalada>& lista, QObject* padre);
 
@@ -130,5 +131,10 @@ private:
 
 // Display text of a path or name held as bytes.
 QString textoDe(const std::string& bytes);
-// One application as {nombre, version, bundleID, tamano, deRoot, ruta}.
+// One application as {nombre, version, bundleID, tamano, deRoot, ruta, tipo, icono}.
 QVariantMap mapaDe(const AppInstalada& app);
+// The kind of an application as the screens name it: "bundle", "flatpak",
+// "snap", "appImage" or "enCasa".
+QString nombreTipo(TipoApp tipo);
+// Its own icon file as a URL, or an empty one.
+QUrl urlIcono(const AppInstalada& app);

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string>
 
 namespace plataforma {
 
@@ -27,8 +28,23 @@ struct EspacioDisco {
 // path; 0 for what can't be read. Never fails.
 EspacioDisco espacioDisco(const std::filesystem::path& ruta);
 
-// Whether the process holds the system's full disk access permission, judged
-// by its effect: a protected file of the real home can be opened.
+// Whether the process may read and change everything of the user's home. A
+// Mac grants that as a permission of its own; elsewhere a process has all its
+// user's rights unless a sandbox holds it back (Flatpak: whether the sandbox
+// was given the whole home or the host, read and write).
 bool tieneAccesoTotal();
+// The same, judged by a Flatpak sandbox description of our choosing (a file
+// that doesn't exist: no sandbox).
+bool accesoTotalSegun(const std::filesystem::path& descripcion);
+
+// How the user grants that access when the program lacks it: the system
+// settings page that does it (a URL), or else a command to run outside the
+// sandbox. Both empty when neither applies.
+struct ComoDarAcceso {
+    std::string pagina;
+    std::string orden;
+};
+ComoDarAcceso comoDarAccesoTotal();
+ComoDarAcceso comoDarAccesoTotalSegun(const std::filesystem::path& descripcion);
 
 } // namespace plataforma

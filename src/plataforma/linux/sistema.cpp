@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plataforma/sistema.h"
 
-#include <fcntl.h>
 #include <pwd.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -53,18 +52,6 @@ EspacioDisco espacioDisco(const std::filesystem::path& ruta)
         return {};
     // f_bavail, not f_bfree: what an unprivileged user can really use.
     return {int64_t(s.f_bavail) * int64_t(s.f_frsize), int64_t(s.f_blocks) * int64_t(s.f_frsize)};
-}
-
-bool tieneAccesoTotal()
-{
-    // The same probe as on the system it was designed for; here the file
-    // doesn't exist, so the answer is false.
-    const auto tcc = carpetaPersonalReal() / "Library/Application Support/com.apple.TCC/TCC.db";
-    const int fd = ::open(tcc.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0)
-        return false;
-    ::close(fd);
-    return true;
 }
 
 } // namespace plataforma
