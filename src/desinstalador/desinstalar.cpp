@@ -94,8 +94,13 @@ std::optional<std::string> Desinstalador::moverAppAPapelera(const AppInstalada& 
     }
     // Not the user's to move: the system asks for an administrator's password.
     // Tests name a stand-in for the prompt.
-    if (plataforma::moverAPapeleraComoAdministrador(app.url, sustituto(entorno, "VORLANO_ELEVADOR")))
+    const plataforma::Traslado t =
+        plataforma::moverAPapeleraComoAdministrador(app.url, sustituto(entorno, "VORLANO_ELEVADOR"));
+    if (t.movido)
         return std::nullopt;
+    // What was known before anyone was asked is said as it is.
+    if (!t.error.empty())
+        return app.nombre + ": " + t.error;
     return rellenar(tr("{nombre}: no se pudo mover a la Papelera (se canceló o falta permiso)"),
                     {{"nombre", app.nombre}});
 }

@@ -59,9 +59,14 @@ TEST_F(Desinstalar, AppYRestosElegidosSoloSiLaAppSeMueve)
             esperado += e.tamano;
             movidos.insert(e.url);
         }
-    // What the path rule refuses (a root of the Library) or what can't be
-    // moved is reported, and the rest still goes.
-    for (const fs::path& p : {casa.ruta("Library/Caches/ya-no-esta"), casa.ruta("Library/Caches")})
+    // What the path rule refuses (a root of the Library), what can't be
+    // moved, and what lies through a linked folder is reported, and the rest
+    // still goes.
+    const fs::path fuera = apoyo::carpetaTemporal("vorlano-fuera");
+    archivoModo(fuera / "ajeno", "de otro");
+    casa.enlace("Library/Logs/Enlazada", fuera);
+    for (const fs::path& p :
+         {casa.ruta("Library/Logs/Enlazada/ajeno"), casa.ruta("Library/Caches/ya-no-esta"), casa.ruta("Library/Caches")})
         restos.insert(restos.begin(), Elemento{.url = p, .nombre = p.filename(), .tamano = 999, .seleccionado = true});
 
     // Not the user's, and the administrator says no: nothing is touched, not
@@ -80,13 +85,15 @@ TEST_F(Desinstalar, AppYRestosElegidosSoloSiLaAppSeMueve)
 
     app.deRoot = false;
     const Resultado r = d.desinstalar(app, restos);
-    ASSERT_EQ(r.errores.size(), 2u);
+    ASSERT_EQ(r.errores.size(), 3u);
     EXPECT_EQ(r.errores[0], "Caches: ruta no permitida, se omitió");
     EXPECT_TRUE(r.errores[1].starts_with("ya-no-esta: ")) << r.errores[1];
+    EXPECT_EQ(r.errores[2], "ajeno: es un enlace a otra carpeta, se omitió");
     EXPECT_EQ(r.enPapelera, esperado);
     EXPECT_EQ(enPapelera(), movidos);
-    for (const fs::path& p : {casa.ruta("Datos/editor/importante"), queda, casa.ruta("Library/Caches")})
+    for (const fs::path& p : {casa.ruta("Datos/editor/importante"), queda, casa.ruta("Library/Caches"), fuera / "ajeno"})
         EXPECT_TRUE(fs::exists(p)) << p;
+    apoyo::borrarArbol(fuera);
 
     // The user's own bundle, gone since it was listed: the leftover that
     // stayed stays, selected now.
@@ -118,4 +125,45 @@ TEST_F(Desinstalar, AppAjenaConPermisoDelAdministrador)
     ASSERT_EQ(::lstat((plataforma::carpetaPapelera() / "files" / (raro + ".2")).c_str(), &st), 0);
     EXPECT_EQ(st.st_uid, 65534u) << "se mueve tal cual, con su dueño";
     EXPECT_EQ(enPapelera(), std::set<std::string>{bundle.string()});
+}
+
+TEST_F(Desinstalar, BundleAjenoPorSuNombreYSuDisco)
+{
+    const Desinstalador d(casa.entorno());
+    // Whoever asks for the password records that they were asked; the move
+    // then runs with the user's own rights.
+    CasaPrueba otra;
+    const fs::path preguntas = otra.ruta("preguntas");
+    apoyo::Variable elevador("VORLANO_ELEVADOR",
+                             guion(otra.ruta("elevador"), "echo x >> '" + preguntas.string() + "'\nexec \"$@\"").string());
+
+    // Given with a trailing "/", as a dropped bundle can come: it lands under
+    // its own name, its own path recorded.
+    const fs::path bundle = crearApp(casa.ruta("Applications/Editor.app"), "com.ej.editor");
+    AppInstalada app = *d.leer(bundle);
+    app.url = bundle.string() + "/";
+    app.deRoot = true;
+    EXPECT_EQ(d.desinstalar(app, {}).errores, std::vector<std::string>{});
+    EXPECT_EQ(enPapelera(), std::set<std::string>{bundle.string()});
+    EXPECT_TRUE(fs::is_directory(plataforma::carpetaPapelera() / "files/Editor.app"));
+    EXPECT_EQ(apoyo::leer(preguntas), "x\n");
+
+    // On another file system than the Trash nobody is asked, and the message
+    // says why, as it does for the user's own bundle.
+    const fs::path shm = "/dev/shm";
+    struct stat a, b;
+    if (::stat(shm.c_str(), &a) != 0 || ::stat(plataforma::carpetaPapelera().c_str(), &b) != 0 || a.st_dev == b.st_dev ||
+        ::access(shm.c_str(), W_OK) != 0)
+        GTEST_SKIP() << "no hay otro sistema de archivos en /dev/shm";
+    char plantilla[] = "/dev/shm/vorlano-XXXXXX";
+    ASSERT_NE(::mkdtemp(plantilla), nullptr);
+    AppInstalada lejos = *d.leer(crearApp(fs::path(plantilla) / "Lejos.app", "com.ej.lejos"));
+    for (const bool deRoot : {true, false}) {
+        lejos.deRoot = deRoot;
+        EXPECT_EQ(d.desinstalar(lejos, {}).errores,
+                  std::vector<std::string>{"Lejos: No se puede mover a la Papelera porque está en otro sistema de archivos"});
+    }
+    EXPECT_EQ(apoyo::leer(preguntas), "x\n");
+    EXPECT_TRUE(fs::exists(lejos.url));
+    apoyo::borrarArbol(plantilla);
 }

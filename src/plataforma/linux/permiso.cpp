@@ -33,22 +33,30 @@ std::optional<std::vector<std::string>> elevador(const std::optional<std::string
 
 } // namespace
 
-bool moverAPapeleraComoAdministrador(const fs::path& ruta, const std::optional<std::string>& dado)
+Traslado moverAPapeleraComoAdministrador(const fs::path& dada, const std::optional<std::string>& dado)
 {
+    Traslado t;
+    // "x.app/" names x.app: the name in the Trash and its recorded path come from it.
+    const fs::path ruta = sinBarraFinal(fs::absolute(dada).lexically_normal());
     const auto mv = buscarPrograma({"/usr/bin/mv", "/bin/mv"});
     auto orden = elevador(dado);
     struct stat origen;
     PapeleraAbierta papelera;
-    if (!mv || !orden || ::lstat(ruta.c_str(), &origen) != 0 || !abrirPapelera(papelera))
-        return false;
-    // mv would copy across file systems; a Trash only renames.
+    if (!mv || !orden || !ruta.has_filename() || ::lstat(ruta.c_str(), &origen) != 0 || !abrirPapelera(papelera))
+        return t;
+    // mv would copy across file systems; a Trash only renames. Nobody is
+    // asked for a password for what can't be done.
     struct stat destino;
-    if (::fstat(papelera.archivos.get(), &destino) != 0 || destino.st_dev != origen.st_dev)
-        return false;
+    if (::fstat(papelera.archivos.get(), &destino) != 0)
+        return t;
+    if (destino.st_dev != origen.st_dev) {
+        t.error = enOtroSistema();
+        return t;
+    }
 
-    const auto nombre = reservarNombre(papelera, ruta.filename().native(), fs::absolute(ruta).lexically_normal());
+    const auto nombre = reservarNombre(papelera, ruta.filename().native(), ruta);
     if (!nombre)
-        return false;
+        return t;
     const fs::path final = carpetaPapelera() / "files" / *nombre;
     orden->insert(orden->end(), {*mv, "-T", "-n", "--", ruta.string(), final.string()});
     const std::string programa = orden->front();
@@ -58,11 +66,11 @@ bool moverAPapeleraComoAdministrador(const fs::path& ruta, const std::optional<s
     // The exit status of pkexec doesn't tell a refused prompt from a failed
     // mv; what is on disk does.
     struct stat st;
-    if (::lstat(ruta.c_str(), &st) != 0 && errno == ENOENT &&
-        ::fstatat(papelera.archivos.get(), nombre->c_str(), &st, AT_SYMLINK_NOFOLLOW) == 0)
-        return true;
-    anularReserva(papelera, *nombre);
-    return false;
+    t.movido = ::lstat(ruta.c_str(), &st) != 0 && errno == ENOENT &&
+               ::fstatat(papelera.archivos.get(), nombre->c_str(), &st, AT_SYMLINK_NOFOLLOW) == 0;
+    if (!t.movido)
+        anularReserva(papelera, *nombre);
+    return t;
 }
 
 } // namespace plataforma

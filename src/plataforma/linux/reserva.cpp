@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plataforma/linux/reserva.h"
 
+#include "plataforma/idioma.h"
 #include "plataforma/papelera.h"
 
 #include <sys/stat.h>
@@ -124,6 +125,18 @@ std::optional<std::string> reservarNombre(const PapeleraAbierta& p, std::string_
 void anularReserva(const PapeleraAbierta& p, const std::string& nombre)
 {
     ::unlinkat(p.info.get(), (nombre + ".trashinfo").c_str(), 0);
+}
+
+std::string enOtroSistema()
+{
+    return tr("No se puede mover a la Papelera porque está en otro sistema de archivos");
+}
+
+fs::path sinBarraFinal(fs::path ruta)
+{
+    while (ruta.has_relative_path() && !ruta.has_filename())
+        ruta = ruta.parent_path();
+    return ruta;
 }
 
 } // namespace plataforma

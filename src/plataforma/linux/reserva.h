@@ -31,6 +31,13 @@ bool abrirPapelera(PapeleraAbierta& p);
 std::optional<std::string> reservarNombre(const PapeleraAbierta& p, std::string_view nombre,
                                           const std::filesystem::path& original);
 
+// The path without trailing "/": the entry it names.
+std::filesystem::path sinBarraFinal(std::filesystem::path ruta);
+
+// Why an entry on another file system than the Trash isn't moved: the Trash
+// only renames.
+std::string enOtroSistema();
+
 // Gives a reserved name back.
 void anularReserva(const PapeleraAbierta& p, const std::string& nombre);
 
