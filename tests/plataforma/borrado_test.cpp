@@ -13,6 +13,7 @@
 
 #include <sys/stat.h>
 
+#include <cstdlib>
 #include <fstream>
 
 namespace fs = std::filesystem;
@@ -82,4 +83,30 @@ TEST(Papelera, VaciarQuitaTodoSinSalirDeLaPapelera)
         GTEST_SKIP() << "este sistema de archivos no admite chattr +i";
     EXPECT_EQ(plataforma::vaciarPapelera(), "No se pudo vaciar la Papelera");
     chattr("-i");
+}
+
+TEST(Papelera, LoDeOtroUsuarioQuedaConSuTrashinfoYSeNombra)
+{
+    if (::getuid() != 0)
+        GTEST_SKIP() << "una carpeta de otro usuario se hace con chown, que necesita root";
+    CasaPrueba casa;
+    const fs::path papelera = plataforma::carpetaPapelera();
+    ASSERT_TRUE(plataforma::moverAPapelera(casa.archivo("Ajena.app/Contents/x", 10).parent_path().parent_path()).movido);
+    ASSERT_TRUE(plataforma::moverAPapelera(casa.archivoCon("propio", "x")).movido);
+    // The user is nobody; the folder moved with an administrator's password
+    // stays root's.
+    const fs::path home = std::getenv("HOME");
+    const auto chown = [](const std::string& dueno, const fs::path& p) {
+        return apoyo::ejecutarPrograma("/bin/chown", {"-R", dueno, p.string()}).estado == 0;
+    };
+    ASSERT_TRUE(chown("65534:65534", home) && chown("0:0", papelera / "files/Ajena.app"));
+    EXPECT_TRUE(apoyo::comoUsuarioSinPrivilegios(home, [] {
+        return plataforma::vaciarPapelera() ==
+               "No se pudo vaciar la Papelera: Ajena.app es de otro usuario y solo un administrador puede borrarlo";
+    }));
+    EXPECT_TRUE(fs::exists(papelera / "files/Ajena.app/Contents/x"));
+    EXPECT_EQ(apoyo::papelera(home / ".local/share"),
+              (std::map<std::string, std::string>{{casa.ruta("Ajena.app").string(), "Ajena.app"}}));
+    ASSERT_TRUE(chown("0:0", home));
+    EXPECT_EQ(plataforma::vaciarPapelera(), std::nullopt);
 }

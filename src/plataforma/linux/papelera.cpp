@@ -15,6 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <climits>
 #include <string_view>
@@ -146,7 +147,7 @@ Traslado moverAPapelera(const fs::path& base, const fs::path& relativa)
         if (error == EEXIST)
             continue; // taken by another program since the reservation
         if (error == EXDEV)
-            t.error = tr("No se puede mover a la Papelera porque está en otro sistema de archivos");
+            t.error = enOtroSistema();
         else if (error == EBUSY)
             t.clase = Clase::montaje; // mounted on since it was looked at
         else
@@ -159,9 +160,7 @@ Traslado moverAPapelera(const fs::path& base, const fs::path& relativa)
 
 Traslado moverAPapelera(const fs::path& ruta)
 {
-    fs::path r = ruta;
-    while (r.has_relative_path() && !r.has_filename())
-        r = r.parent_path();
+    const fs::path r = sinBarraFinal(ruta);
     if (!r.has_filename() || r.filename() == "." || r.filename() == "..") {
         Traslado t;
         t.error = descripcionError(EINVAL);
@@ -170,29 +169,56 @@ Traslado moverAPapelera(const fs::path& ruta)
     return moverAPapelera(r.has_parent_path() ? r.parent_path() : fs::path("."), r.filename());
 }
 
+namespace {
+
+// Whether a part of the Trash was emptied, or wasn't there.
+bool vaciada(const Vaciado& v)
+{
+    if (v.clase == Clase::ausente)
+        return true;
+    return (v.clase == Clase::archivo || v.clase == Clase::carpeta) && v.error.empty() && v.fallidos == 0;
+}
+
+} // namespace
+
 std::optional<std::string> vaciarPapelera()
 {
     // Trash URIs need a desktop daemon that may not be running; the folders
     // of the Trash are emptied with the same removal as everything else.
     // directorysizes is a cache of the sizes of trashed folders.
     const fs::path papelera = carpetaPapelera();
-    bool ok = true;
-    for (const char* parte : {"files", "info", "expunged", "directorysizes"}) {
-        const Vaciado v = vaciar(papelera, parte);
-        switch (v.clase) {
-        case Clase::ausente:
-            break;
-        case Clase::archivo:
-        case Clase::carpeta:
-            ok = ok && v.error.empty() && v.fallidos == 0;
-            break;
-        default:
-            ok = false;
-            break;
-        }
+    const Vaciado archivos = vaciar(papelera, "files");
+    bool ok = vaciada(archivos);
+    // What stays in files/ keeps its .trashinfo: the Trash still lists it,
+    // with where it came from.
+    std::vector<std::string> quedan;
+    if (archivos.clase == Clase::carpeta && archivos.fallidos > 0)
+        quedan = nombresEn(papelera / "files");
+    if (quedan.empty()) {
+        ok = vaciada(vaciar(papelera, "info")) && ok;
+    } else if (examinar(papelera, "info") == Clase::carpeta) {
+        for (const std::string& n : nombresEn(papelera / "info"))
+            if (!n.ends_with(".trashinfo") ||
+                std::find(quedan.begin(), quedan.end(), n.substr(0, n.size() - 10)) == quedan.end())
+                ok = vaciada(vaciar(papelera, fs::path("info") / n)) && ok;
     }
+    for (const char* parte : {"expunged", "directorysizes"})
+        ok = vaciada(vaciar(papelera, parte)) && ok;
     if (ok)
         return std::nullopt;
+    // An entry moved with an administrator's password is still theirs: its
+    // insides can't go without that password again. The user is told which.
+    const uid_t yo = ::geteuid();
+    for (const std::string& n : quedan) {
+        struct stat st;
+        if (::lstat((papelera / "files" / n).c_str(), &st) == 0 && st.st_uid != yo) {
+            std::string m = tr("No se pudo vaciar la Papelera: {nombre} es de otro usuario y solo un "
+                               "administrador puede borrarlo");
+            if (const size_t i = m.find("{nombre}"); i != std::string::npos)
+                m.replace(i, 8, textoVisible(n));
+            return m;
+        }
+    }
     return tr("No se pudo vaciar la Papelera");
 }
 
