@@ -43,9 +43,16 @@ std::vector<AppInstalada> Desinstalador::apps() const
                 r.push_back(std::move(*app));
     for (AppInstalada& app : programas())
         r.push_back(std::move(app));
-    // The system's own applications and this program are not offered.
-    std::erase_if(r, [](const AppInstalada& a) {
-        return a.bundleID.starts_with("com.apple.") || a.bundleID == plataforma::identificadorPropio;
+    // The system's own applications and this program are not offered: by its
+    // identifier, or as whatever holds the files it runs from (a home
+    // program's entry names it by another id).
+    const auto propio = plataforma::programaPropio();
+    std::erase_if(r, [&](const AppInstalada& a) {
+        if (a.bundleID.starts_with("com.apple.") || a.bundleID == plataforma::identificadorPropio)
+            return true;
+        std::error_code ec;
+        const fs::path url = fs::weakly_canonical(a.url, ec);
+        return std::any_of(propio.begin(), propio.end(), [&](const fs::path& p) { return p == url || dentroDe(p, url); });
     });
 
     ordenarPorNombre(r);

@@ -13,6 +13,11 @@ namespace plataforma {
 // The program's own application identifier.
 inline constexpr const char* identificadorPropio = "app.vorlano.Vorlano";
 
+// The files this program runs from: its executable and, when it runs from
+// an AppImage, that AppImage. Whatever application holds one of them is this
+// program, and is never offered for uninstalling.
+std::vector<std::filesystem::path> programaPropio();
+
 // One application the user has open, as the system names it.
 struct AppAbierta {
     std::optional<std::string> bundle;

@@ -195,6 +195,8 @@ TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
     casa.enlace("Applications/Enlace.AppImage", casa.ruta("Downloads/Otra-2.0.AppImage"));
     casa.crearDir("Applications/Carpeta.AppImage");
     archivoModo(casa.ruta(".local/bin/Quieta.AppImage"), "ai", fs::perms::owner_read);
+    // The AppImage this program runs from is never offered.
+    apoyo::Variable propia("APPIMAGE", archivoModo(casa.ruta("Applications/Vorlano-1.0.AppImage"), "ai").string());
     // Flatpak folders half removed or not what they seem.
     const fs::path inst = datos / "flatpak";
     flatpak(inst, "org.ej.Bien", "Bien", "1", 4096);

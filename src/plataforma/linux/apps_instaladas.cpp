@@ -11,9 +11,24 @@
 #include "plataforma/paquetes.h"
 #include "plataforma/sistema.h"
 
+#include <cstdlib>
+
 namespace fs = std::filesystem;
 
 namespace plataforma {
+
+std::vector<fs::path> programaPropio()
+{
+    std::vector<fs::path> r;
+    std::error_code ec;
+    if (fs::path exe = fs::read_symlink("/proc/self/exe", ec); !ec)
+        r.push_back(std::move(exe));
+    // The AppImage runtime runs the program from a mount of its own and names
+    // the file it was started from.
+    if (const char* imagen = std::getenv("APPIMAGE"); imagen && fs::path(imagen).is_absolute())
+        r.push_back(fs::weakly_canonical(imagen, ec));
+    return r;
+}
 
 std::vector<fs::path> bundlesDeApps(const fs::path& raiz)
 {
