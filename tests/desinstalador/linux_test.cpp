@@ -295,12 +295,14 @@ TEST_F(CasaLinux, HerramientasDePaquetes)
     CasaPrueba sistema;
     flatpak(sistema.ruta("flatpak"), "org.ej.Sistema", "Sistema", "1", 8192);
     snap(sistema.ruta("snap"), sistema.ruta("snaps"), "editor", "title: Editor\n");
+    casa.archivo("snap/editor/7/x", 4096);
     Desinstalador d(casa.entorno());
     d.flatpakSistema = sistema.ruta("flatpak");
     d.snaps = sistema.ruta("snap");
     d.paquetesSnap = sistema.ruta("snaps");
     d.limitePaquetes = 2;
     const auto apps = d.apps();
+    EXPECT_EQ(hallados(d.restos(app(apps, "Editor"))), (Hallados{{"snap/editor", "Datos de la app (Snap)"}}));
 
     // Whatever way the tool fails, the application and its leftovers stay.
     const auto antes = apoyo::huellas(casa.raiz());
@@ -337,7 +339,8 @@ TEST_F(CasaLinux, HerramientasDePaquetes)
                              guion(sistema.ruta("elevador"), "echo \"$@\" >> '" + argumentos.string() + "'").string());
     apoyo::Variable flatpak("VORLANO_FLATPAK", "/bin/true"), snap("VORLANO_SNAP", "/bin/false");
     for (const char* n : {"Sistema", "Editor"})
-        EXPECT_EQ(d.desinstalar(app(apps, n), {}).errores, std::vector<std::string>{}) << n;
+        EXPECT_EQ(d.desinstalar(app(apps, n), d.restos(app(apps, n))).errores, std::vector<std::string>{}) << n;
+    EXPECT_EQ(enPapelera(), std::set<std::string>{casa.ruta("snap/editor")});
     EXPECT_EQ(apoyo::leer(argumentos),
               "/bin/true uninstall --system --noninteractive -y app/org.ej.Sistema/x86_64/stable\n/bin/false remove editor\n");
 }
