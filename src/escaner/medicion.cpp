@@ -3,12 +3,11 @@
 
 #include "plataforma/arbol.h"
 #include "nucleo/paralelo.h"
+#include "plataforma/bloques.h"
 
-#include <dirent.h>
-#include <sys/stat.h>
-
-#include <cstring>
-#include <mutex>
+#include <algorithm>
+#include <atomic>
+#include <optional>
 
 namespace fs = std::filesystem;
 
@@ -28,75 +27,65 @@ int64_t tamanoEnDisco(const fs::path& ruta)
     return suma;
 }
 
-int64_t tamanoPropio(const fs::path& ruta)
-{
-    struct stat st;
-    if (::lstat(ruta.c_str(), &st) != 0)
-        return 0;
-    return int64_t(st.st_blocks) * unidadBloque;
-}
-
 namespace {
 
-struct Trabajo {
-    size_t indice;
-    fs::path ruta;
-    bool soloPropio;
-};
+// Lists that are still being added up have jobs pending; a notice each time
+// the finished lists cross a whole percentage.
+class Avance {
+public:
+    Avance(size_t total, const std::function<void(int)>& progreso) : total_(std::max<size_t>(total, 1)), progreso_(progreso) {}
 
-// Direct children of a directory, hidden ones included; empty if it can't be listed.
-std::vector<fs::path> hijosDe(const fs::path& dir)
-{
-    std::vector<fs::path> r;
-    DIR* d = ::opendir(dir.c_str());
-    if (d == nullptr)
-        return r;
-    while (const dirent* e = ::readdir(d)) {
-        if (std::strcmp(e->d_name, ".") == 0 || std::strcmp(e->d_name, "..") == 0)
-            continue;
-        r.push_back(dir / e->d_name);
+    void terminada()
+    {
+        const size_t n = ++hechas_;
+        if (progreso_ && n * 100 / total_ != (n - 1) * 100 / total_)
+            progreso_(int(n * 100 / total_));
     }
-    ::closedir(d);
-    return r;
-}
+
+private:
+    const size_t total_;
+    const std::function<void(int)>& progreso_;
+    std::atomic<size_t> hechas_{0};
+};
 
 } // namespace
 
 std::vector<int64_t> medirEnParalelo(const std::vector<std::vector<fs::path>>& listas,
                                      const std::function<void(int)>& progreso)
 {
-    std::vector<Trabajo> trabajos;
-    for (size_t i = 0; i < listas.size(); ++i)
-        for (const fs::path& u : listas[i]) {
-            struct stat st;
-            std::vector<fs::path> hijos;
-            if (::lstat(u.c_str(), &st) == 0 && S_ISDIR(st.st_mode))
-                hijos = hijosDe(u);
-            if (hijos.empty()) {
-                trabajos.push_back({i, u, false});
-                continue;
-            }
-            // The directory's own blocks plus each child's tree add up to its tree.
-            trabajos.push_back({i, u, true});
-            for (auto& h : hijos)
-                trabajos.push_back({i, std::move(h), false});
-        }
-
-    std::vector<int64_t> sumas(listas.size(), 0);
-    std::mutex cerrojo;
-    size_t hechos = 0;
-    const size_t total = std::max<size_t>(trabajos.size(), 1);
-    enParalelo(trabajos.size(), [&](size_t k) {
-        const Trabajo& t = trabajos[k];
-        const int64_t tam = t.soloPropio ? tamanoPropio(t.ruta) : tamanoEnDisco(t.ruta);
-        size_t n;
-        {
-            std::lock_guard g(cerrojo);
-            sumas[t.indice] += tam;
-            n = ++hechos;
-        }
-        if (progreso && n % 200 == 0)
-            progreso(int(n * 100 / total));
-    });
-    return sumas;
+    // Each job lists one folder: its files are added up on the way, and
+    // each sub-folder becomes a job of its own, so a large tree spreads
+    // over the workers while a folder of files costs one job.
+    std::vector<std::atomic<int64_t>> sumas(listas.size());
+    std::vector<std::atomic<size_t>> pendientes(listas.size());
+    Avance avance(listas.size(), progreso);
+    Tareas tareas;
+    const auto terminar = [&](size_t i) {
+        if (--pendientes[i] == 0)
+            avance.terminada();
+    };
+    std::function<void(size_t, plataforma::CarpetaPorSumar&)> sumar = [&](size_t i,
+                                                                          plataforma::CarpetaPorSumar& c) {
+        sumas[i] += plataforma::sumarCarpeta(c, [&](plataforma::CarpetaPorSumar&& sub) {
+            ++pendientes[i];
+            tareas.lanzar([&sumar, i, sub = std::move(sub)]() mutable { sumar(i, sub); });
+        });
+        terminar(i);
+    };
+    for (size_t i = 0; i < listas.size(); ++i) {
+        // One pending job holds the list open while its roots are launched.
+        pendientes[i] = listas[i].size() + 1;
+        for (const fs::path& raiz : listas[i])
+            tareas.lanzar([&, i] {
+                std::optional<plataforma::CarpetaPorSumar> c;
+                sumas[i] += plataforma::bloquesDeRaiz(raiz, c);
+                if (c)
+                    sumar(i, *c);
+                else
+                    terminar(i);
+            });
+        terminar(i);
+    }
+    tareas.esperar();
+    return std::vector<int64_t>(sumas.begin(), sumas.end());
 }

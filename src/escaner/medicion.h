@@ -15,11 +15,9 @@
 // hard links counts twice.
 int64_t tamanoEnDisco(const std::filesystem::path& ruta);
 
-// Allocated bytes of the entry itself, nothing below it.
-int64_t tamanoPropio(const std::filesystem::path& ruta);
-
-// One sum per list, at the same index. Directories are split one level down so
-// that their children spread over the workers. progreso, if given, gets a whole
-// percentage every 200 finished jobs, from worker threads, possibly out of order.
+// One sum per list, at the same index, as tamanoEnDisco would add them up, with
+// the folders spread over the workers. progreso, if given, gets the whole
+// percentage of finished lists each time it grows, from worker threads,
+// possibly out of order.
 std::vector<int64_t> medirEnParalelo(const std::vector<std::vector<std::filesystem::path>>& listas,
                                      const std::function<void(int)>& progreso = {});

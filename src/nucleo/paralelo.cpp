@@ -3,6 +3,7 @@
 
 #include <tbb/blocked_range.h>
 #include <tbb/parallel_for.h>
+#include <tbb/task_group.h>
 
 void enParalelo(size_t n, const std::function<void(size_t)>& f)
 {
@@ -17,4 +18,25 @@ void enParalelo(size_t n, const std::function<void(size_t)>& f)
                 f(i);
         },
         tbb::simple_partitioner());
+}
+
+struct Tareas::Grupo {
+    tbb::task_group grupo;
+};
+
+Tareas::Tareas() : grupo_(std::make_unique<Grupo>()) {}
+
+Tareas::~Tareas()
+{
+    esperar();
+}
+
+void Tareas::lanzar(std::function<void()> f)
+{
+    grupo_->grupo.run(std::move(f));
+}
+
+void Tareas::esperar()
+{
+    grupo_->grupo.wait();
 }

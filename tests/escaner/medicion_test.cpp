@@ -20,11 +20,11 @@ TEST(Medicion, BloquesAsignadosComoDu)
     casa.archivo("d/sub/dos", 70000);
     casa.muchos("d/sub/muchos", 50, 100);
     casa.crearDir("d/vacia");
+    casa.archivo("d/sub/a/b/c/hondo", 5000);
     const auto disperso = casa.disperso("disperso.img", 5'000'000'000);
     const auto enlace = casa.enlace("d/enlace", casa.ruta("d/sub"));
     const auto d = casa.ruta("d");
     EXPECT_EQ(tamanoEnDisco(d), apoyo::du(d));
-    EXPECT_EQ(tamanoPropio(f), apoyo::asignado(f));
     EXPECT_EQ(tamanoEnDisco(disperso), apoyo::asignado(disperso));
     EXPECT_LT(tamanoEnDisco(disperso), 1'000'000);
     EXPECT_EQ(tamanoEnDisco(enlace), apoyo::asignado(enlace));
@@ -53,8 +53,9 @@ TEST(Medicion, CarpetaIlegibleCuentaSusBloquesComoDu)
     }));
 }
 
-// Progress comes every 200 finished jobs, never a final 100 of its own.
-TEST(Medicion, ProgresoCadaDoscientosTrabajos)
+// A notice each time the finished lists cross a whole percentage, the last one
+// at 100.
+TEST(Medicion, ProgresoPorPorcentajeDeListas)
 {
     const auto avisos = [](size_t n) {
         std::mutex m;
@@ -65,7 +66,10 @@ TEST(Medicion, ProgresoCadaDoscientosTrabajos)
         });
         return r;
     };
-    EXPECT_EQ(avisos(199), std::multiset<int>{});
-    EXPECT_EQ(avisos(200), std::multiset<int>{100});
-    EXPECT_EQ(avisos(401), (std::multiset<int>{49, 99}));
+    EXPECT_EQ(avisos(0), std::multiset<int>{});
+    EXPECT_EQ(avisos(3), (std::multiset<int>{33, 66, 100}));
+    std::multiset<int> cien;
+    for (int i = 1; i <= 100; ++i)
+        cien.insert(i);
+    EXPECT_EQ(avisos(250), cien);
 }
