@@ -5,9 +5,12 @@
 # Library/Logs and in a Linux desktop's cache home, Electron apps in the
 # config home and Flatpak caches.
 #   bench/escaneo.sh [archivos (1000000)] [rondas (5)]
-# Warm cache: one untimed run of each first. Runs alternate so both see the
-# same machine. Prints both medians of elapsed and of CPU time (user + system),
-# the ratios and both peak memories.
+# With VORLANO_ANTES naming the build folder of another version, its
+# `vorlano --scan` runs in the same rounds, and the two reports are compared.
+# Warm cache: one untimed run of each first. Runs alternate so all see the
+# same machine. Prints the medians of elapsed and of CPU time (user + system),
+# the ratios and the peak memories; `du -s` of the whole home is the second
+# yardstick, since the scan walks all of it.
 set -euo pipefail
 source "$(dirname "$0")/comun.sh"
 
@@ -27,14 +30,26 @@ du -s "${medidas[@]}" >/dev/null
 VORLANO_HOME="$casa" "$build/vorlano" --scan >/dev/null
 for ((i = 0; i < rondas; i++)); do
   medir du du -s "${medidas[@]}"
+  medir du-casa du -s "$casa"
   VORLANO_HOME="$casa" medir vorlano "$build/vorlano" --scan
+  [ -n "${VORLANO_ANTES:-}" ] && VORLANO_HOME="$casa" medir antes "$VORLANO_ANTES/vorlano" --scan
 done
 
 read -r t_du m_du <<<"$(resumen du)"
 read -r t_v m_v <<<"$(resumen vorlano)"
+read -r t_dc m_dc <<<"$(resumen du-casa)"
 echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
-c_du="$(cpu du)" c_v="$(cpu vorlano)"
+c_du="$(cpu du)" c_v="$(cpu vorlano)" c_dc="$(cpu du-casa)"
 printf "%-26s %8s s   cpu %7s s   pico %7s MB\n" "du -s Library .cache …" "$t_du" "$c_du" "$m_du" \
-  "vorlano --scan" "$t_v" "$c_v" "$m_v"
+  "du -s <casa>" "$t_dc" "$c_dc" "$m_dc" "vorlano --scan" "$t_v" "$c_v" "$m_v"
 awk -v a="$t_v" -v b="$t_du" -v ca="$c_v" -v cb="$c_du" \
   'BEGIN { printf "razón vorlano / du: %.2f, en cpu %.2f (objetivo <= 0.70)\n", a / b, ca / cb }'
+awk -v a="$t_v" -v b="$t_dc" -v ca="$c_v" -v cb="$c_dc" \
+  'BEGIN { printf "razón vorlano / du de la casa: %.2f, en cpu %.2f (objetivo <= 0.60)\n", a / b, ca / cb }'
+if [ -n "${VORLANO_ANTES:-}" ]; then
+  read -r t_a m_a <<<"$(resumen antes)"
+  printf "%-26s %8s s   cpu %7s s   pico %7s MB\n" "antes: vorlano --scan" "$t_a" "$(cpu antes)" "$m_a"
+  # The reports less the line of the elapsed time and the ages, which move.
+  informe() { VORLANO_HOME="$casa" "$1/vorlano" --scan | sed -E '/^Análisis en /d; s/hace [0-9]+ [a-z]+/hace N/g'; }
+  if cmp -s <(informe "$build") <(informe "$VORLANO_ANTES"); then echo "informes iguales: sí"; else echo "informes iguales: NO"; fi
+fi

@@ -19,56 +19,12 @@ namespace fs = std::filesystem;
 namespace {
 
 using plataforma::Personal;
-constexpr Personal carpetasDeCopias[] = {Personal::escritorio, Personal::documentos, Personal::descargas,
+constexpr Personal personalesBuscadas[] = {Personal::escritorio, Personal::documentos, Personal::descargas,
                                          Personal::imagenes, Personal::videos};
-
-// The folders to walk, each once: a folder that is another one, or lies
-// inside another one, is walked with it.
-std::vector<fs::path> carpetasAVisitar(const plataforma::CarpetasPersonales& personales)
-{
-    std::vector<fs::path> r;
-    for (size_t i = 0; i < std::size(carpetasDeCopias); ++i) {
-        const fs::path& c = personales[carpetasDeCopias[i]];
-        bool cubierta = false;
-        for (size_t j = 0; j < std::size(carpetasDeCopias) && !cubierta; ++j) {
-            const fs::path& otra = personales[carpetasDeCopias[j]];
-            cubierta = j != i && (dentroDe(c, otra) || (c == otra && j < i));
-        }
-        if (!cubierta)
-            r.push_back(c);
-    }
-    return r;
-}
 
 std::string_view ultimoComponente(std::string_view ruta)
 {
     return ruta.substr(ruta.find_last_of('/') + 1);
-}
-
-// Files of at least the floor, by logical length. Hidden folders, packages
-// and project artefacts are not entered; links are not followed.
-void recoger(const fs::path& carpeta, std::map<int64_t, std::vector<Candidato>>& porTamano)
-{
-    plataforma::recorrerArbol(carpeta, [&](const plataforma::EntradaArbol& e) {
-        if (e.nivel == 0)
-            return plataforma::Paso::seguir;
-        if (e.tipo == plataforma::TipoEntrada::carpeta) {
-            const bool entrar = !(e.nombre.starts_with('.') || Escaner::clasificar(e.nombre, e.padre) ||
-                                  Escaner::esPaquete(e.nombre, e.ruta.data()));
-            return entrar ? plataforma::Paso::seguir : plataforma::Paso::podar;
-        }
-        if (e.tipo != plataforma::TipoEntrada::archivo || e.st.st_size < Escaner::minimoDuplicado || e.nombre.starts_with('.'))
-            return plataforma::Paso::seguir;
-        // The modification time stands in for the creation time until the
-        // file turns out to have a copy.
-        porTamano[e.st.st_size].push_back(Candidato{.ruta = std::string(e.ruta),
-                                                    .tamano = e.st.st_size,
-                                                    .bloques = int64_t(e.st.st_blocks) * 512,
-                                                    .dispositivo = uint64_t(e.st.st_dev),
-                                                    .inodo = uint64_t(e.st.st_ino),
-                                                    .creado = Fecha(std::chrono::seconds(e.st.st_mtim.tv_sec))});
-        return plataforma::Paso::seguir;
-    });
 }
 
 // Two names of one file are one candidate: the first met stays.
@@ -103,6 +59,54 @@ void fecharCreacion(Candidato& c)
 }
 
 } // namespace
+
+std::vector<fs::path> Escaner::carpetasDeCopias() const
+{
+    std::vector<fs::path> r;
+    for (size_t i = 0; i < std::size(personalesBuscadas); ++i) {
+        const fs::path& c = personales[personalesBuscadas[i]];
+        bool cubierta = false;
+        for (size_t j = 0; j < std::size(personalesBuscadas) && !cubierta; ++j) {
+            const fs::path& otra = personales[personalesBuscadas[j]];
+            cubierta = j != i && (dentroDe(c, otra) || (c == otra && j < i));
+        }
+        if (!cubierta)
+            r.push_back(c);
+    }
+    return r;
+}
+
+bool Escaner::entraEnCopias(std::string_view nombre, std::string_view padre, const char* ruta)
+{
+    return !(nombre.starts_with('.') || clasificar(nombre, padre) || esPaquete(nombre, ruta));
+}
+
+std::optional<Candidato> Escaner::candidatoDe(const plataforma::EntradaArbol& e)
+{
+    if (e.tipo != plataforma::TipoEntrada::archivo || e.st.st_size < minimoDuplicado || e.nombre.starts_with('.'))
+        return std::nullopt;
+    // The modification time stands in for the creation time until the file
+    // turns out to have a copy.
+    return Candidato{.ruta = std::string(e.ruta),
+                     .tamano = e.st.st_size,
+                     .bloques = int64_t(e.st.st_blocks) * 512,
+                     .dispositivo = uint64_t(e.st.st_dev),
+                     .inodo = uint64_t(e.st.st_ino),
+                     .creado = Fecha(std::chrono::seconds(e.st.st_mtim.tv_sec))};
+}
+
+void Escaner::recogerCopias(const fs::path& carpeta, std::vector<Candidato>& candidatos)
+{
+    plataforma::recorrerArbol(carpeta, [&](const plataforma::EntradaArbol& e) {
+        if (e.nivel == 0)
+            return plataforma::Paso::seguir;
+        if (e.tipo == plataforma::TipoEntrada::carpeta)
+            return entraEnCopias(e.nombre, e.padre, e.ruta.data()) ? plataforma::Paso::seguir : plataforma::Paso::podar;
+        if (auto c = candidatoDe(e))
+            candidatos.push_back(std::move(*c));
+        return plataforma::Paso::seguir;
+    });
+}
 
 bool Escaner::pareceCopia(std::string_view ruta)
 {
@@ -153,9 +157,17 @@ Escaner::agrupar(const std::vector<Candidato>& candidatos,
 
 std::vector<Elemento> Escaner::duplicados() const
 {
+    std::vector<Candidato> candidatos;
+    for (const fs::path& c : carpetasDeCopias())
+        recogerCopias(c, candidatos);
+    return duplicados(std::move(candidatos));
+}
+
+std::vector<Elemento> Escaner::duplicados(std::vector<Candidato> candidatos) const
+{
     std::map<int64_t, std::vector<Candidato>> porTamano;
-    for (const fs::path& c : carpetasAVisitar(personales))
-        recoger(c, porTamano);
+    for (Candidato& c : candidatos)
+        porTamano[c.tamano].push_back(std::move(c));
 
     // Only sizes with several files are hashed. All of them go through one
     // parallel pass per hash rather than one per size, so that the workers

@@ -191,7 +191,7 @@ std::vector<Categoria> Escaner::escanear(const Progreso& progreso) const
     cronometro.informar("restos de apps");
 
     progreso(tr("Buscando archivos duplicados…"));
-    categorias.push_back(categoria("duplicados", duplicados()));
+    categorias.push_back(categoria("duplicados", duplicados(std::move(hallazgos.candidatos))));
     cronometro.informar("duplicados");
 
     progreso(tr("Revisando Descargas…"));

@@ -6,6 +6,7 @@
 #include "nucleo/formato.h"
 #include "nucleo/modelo.h"
 #include "nucleo/progreso.h"
+#include "plataforma/arbol.h"
 
 #include <cstdint>
 #include <functional>
@@ -14,22 +15,6 @@
 #include <string_view>
 #include <unordered_set>
 #include <vector>
-
-// The four lists of the one walk over the home folder.
-struct Hallazgos {
-    std::vector<Elemento> compilaciones;
-    std::vector<Elemento> dependencias;
-    std::vector<Elemento> instaladores;
-    // The largest files at or above the floor, largest first, at most maxGrandes.
-    std::vector<Elemento> grandes;
-};
-
-// A folder recognised as a project artefact: its display name and whether it
-// holds installed dependencies rather than build output.
-struct Clasificacion {
-    std::string tipo;
-    bool esDependencia = false;
-};
 
 // One file taken into the duplicate search.
 struct Candidato {
@@ -42,6 +27,25 @@ struct Candidato {
     // creation time, where the file system records one, once the file turns
     // out to have a copy.
     Fecha creado{};
+};
+
+// What the one walk over the home folder finds.
+struct Hallazgos {
+    std::vector<Elemento> compilaciones;
+    std::vector<Elemento> dependencias;
+    std::vector<Elemento> instaladores;
+    // The largest files at or above the floor, largest first, at most maxGrandes.
+    std::vector<Elemento> grandes;
+    // What the duplicate search would take from its folders, in the order
+    // it would walk them.
+    std::vector<Candidato> candidatos;
+};
+
+// A folder recognised as a project artefact: its display name and whether it
+// holds installed dependencies rather than build output.
+struct Clasificacion {
+    std::string tipo;
+    bool esDependencia = false;
 };
 
 // One analysis of the home folder: runs the stages in a fixed order, measures
@@ -152,8 +156,11 @@ struct Escaner {
     static std::vector<Categoria> depurar(std::vector<Categoria> categorias);
     static constexpr int64_t minimoElemento = 65536;
 
-    // One pass over the home folder for project artefacts, installers and
-    // large files; the artefacts git tracks are left out afterwards. Never
+    // One pass over the home folder for project artefacts, installers, large
+    // files and the duplicate search's candidates, its top folders walked in
+    // parallel; the artefacts git tracks are left out afterwards. The
+    // search's folders that the pass can't cover (outside home, on another
+    // device, under a folder it doesn't enter) are walked on their own. Never
     // fails: what can't be read isn't reported.
     Hallazgos recorrerCarpetaPersonal(const std::optional<std::string>& git = Escaner::git()) const;
     // The artefact a folder of this name is, judged by the marker files in
@@ -177,8 +184,20 @@ struct Escaner {
     static const std::optional<std::string>& git();
 
     // Every copy but one of each set of identical files in the user's
-    // Desktop, Documents, Downloads, Pictures and Videos, in no set order.
+    // Desktop, Documents, Downloads, Pictures and Videos, in no set order:
+    // from the candidates of the home walk, or walking those folders.
+    std::vector<Elemento> duplicados(std::vector<Candidato> candidatos) const;
     std::vector<Elemento> duplicados() const;
+    // The folders the search walks, each once, in this order: a folder that
+    // is another one, or lies inside another one, is walked with it.
+    std::vector<std::filesystem::path> carpetasDeCopias() const;
+    // Below those folders, hidden folders, project artefacts and packages
+    // are not entered.
+    static bool entraEnCopias(std::string_view nombre, std::string_view padre, const char* ruta);
+    // A visible regular file of at least minimoDuplicado bytes, by logical length.
+    static std::optional<Candidato> candidatoDe(const plataforma::EntradaArbol& e);
+    // The candidates under one folder, in walk order; links are not followed.
+    static void recogerCopias(const std::filesystem::path& carpeta, std::vector<Candidato>& candidatos);
     // The candidates split by key, computed in parallel; those without a key
     // drop out. Groups come in the order of their first member, with the
     // members in the candidates' order; single-member groups included.

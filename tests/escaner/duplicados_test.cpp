@@ -294,3 +294,45 @@ TEST(Duplicados, CoincideConJdupes)
     ASSERT_FALSE(esperado.empty());
     EXPECT_EQ(grupos(Escaner(casa.entorno()).duplicados()), esperado);
 }
+
+// The scan hands the search the candidates of its own walk of the home: the
+// same items, in the same order, as the search walking its folders itself,
+// wherever those folders lie (the home itself, under folders the walk doesn't
+// enter, outside home).
+TEST(Duplicados, LosCandidatosDelRecorridoDanLoMismo)
+{
+    CasaPrueba casa;
+    const fs::path home = casa.ruta("casa");
+    for (const char* ruta : {"Documents/a1", "Desktop/a2", "Documents/Pods/a3", "Documents/proy/node_modules/a4",
+                             "Library/Docs/a5", "Pods/a6", ".oculta/dl/a7", "Music/hondo/a8", "Documents/.a9"})
+        casa.archivo(std::string("casa/") + ruta, 200'000, 'a');
+    casa.archivo("fuera/a10", 200'000, 'a');
+    casa.archivoCon("casa/Documents/proy/package.json", "{}");
+    casa.archivo("casa/Pictures/duro1", 150'000, 'c');
+    casa.enlaceDuro("casa/Documents/duro2", "casa/Pictures/duro1");
+    casa.archivo("casa/Movies/b1", 300'000, 'b');
+    casa.archivo("casa/Library/Docs/b2", 300'000, 'b');
+    casa.archivo("casa/Downloads/b3", 300'000, 'b');
+
+    using plataforma::Personal;
+    const std::vector<std::vector<std::pair<Personal, fs::path>>> disposiciones{
+        {},
+        {{Personal::escritorio, home}},
+        {{Personal::descargas, home / ".oculta/dl"}, {Personal::imagenes, casa.ruta("fuera")},
+         {Personal::videos, home / "Pods"}, {Personal::documentos, home / "Library/Docs"}},
+    };
+    for (size_t i = 0; i < disposiciones.size(); ++i) {
+        Escaner escaner(Entorno{home, true});
+        for (const auto& [p, ruta] : disposiciones[i])
+            escaner.personales.rutas[size_t(p)] = ruta;
+        const auto vistos = [](const std::vector<Elemento>& es) {
+            std::vector<std::tuple<fs::path, std::string, std::string, int64_t>> r;
+            for (const auto& e : es)
+                r.emplace_back(e.url, e.nombre, e.detalle.value_or(""), e.tamano);
+            return r;
+        };
+        const auto esperado = vistos(escaner.duplicados());
+        EXPECT_GE(esperado.size(), 2u) << i;
+        EXPECT_EQ(vistos(escaner.duplicados(escaner.recorrerCarpetaPersonal(std::nullopt).candidatos)), esperado) << i;
+    }
+}
