@@ -4,6 +4,7 @@
 #   scripts/dev.sh demo    install what is missing, build, make a demo home, scan it and map it
 #   scripts/dev.sh test    install what is missing, build, run every test
 #   scripts/dev.sh build   install what is missing and build
+#   scripts/dev.sh capturas  run the screens' tests, which leave a PNG of each state in build/capturas
 set -euo pipefail
 
 raiz="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
@@ -67,8 +68,14 @@ case "${1:-}" in
   build)
     instalar; compilar
     ;;
+  capturas)
+    instalar; compilar
+    rm -rf "$build/capturas"
+    ctest --test-dir "$build" --output-on-failure -L pantallas -j"$(nproc)"
+    echo "Capturas en $build/capturas"
+    ;;
   *)
-    echo "uso: scripts/dev.sh demo|test|build" >&2
+    echo "uso: scripts/dev.sh demo|test|build|capturas" >&2
     exit 2
     ;;
 esac

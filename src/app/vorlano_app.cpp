@@ -89,6 +89,7 @@ VorlanoApp::VorlanoApp(Entorno entorno, QObject* padre)
     connect(bandeja_.get(), &Bandeja::abrirVentana, this, &VorlanoApp::abrirVentanaPrincipal);
     connect(bandeja_.get(), &Bandeja::abrirAjustes, this, &VorlanoApp::abrirAjustes);
     connect(bandeja_.get(), &Bandeja::salir, this, &VorlanoApp::salir);
+    connect(&Navegacion::shared(), &Navegacion::ajustesPedidos, this, &VorlanoApp::abrirAjustes);
     // A later start without links is the user asking for the window again.
     connect(&instancia_, &Instancia::recibido, this, [this](const QStringList& enlaces) {
         if (enlaces.isEmpty())

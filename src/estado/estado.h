@@ -62,6 +62,8 @@ class Estado : public QObject {
     Q_PROPERTY(qint64 aBorrar READ aBorrar NOTIFY seleccionChanged)
     Q_PROPERTY(qint64 aPapelera READ aPapelera NOTIFY seleccionChanged)
     Q_PROPERTY(QStringList appsAbiertasSeleccionadas READ appsAbiertasSeleccionadasLista NOTIFY seleccionChanged)
+    // Test mode: everything happens in a scratch home.
+    Q_PROPERTY(bool modoPrueba READ modoPrueba CONSTANT)
 
 public:
     // The first check of free space comes `primera` after creation, then one
@@ -113,6 +115,7 @@ public:
     int64_t aBorrar() const { return seleccionadoEn(Modo::borrar); }
     int64_t aPapelera() const { return seleccionadoEn(Modo::papelera); }
     QStringList appsAbiertasSeleccionadasLista() const;
+    bool modoPrueba() const { return entorno_.prueba; }
 
 Q_SIGNALS:
     void faseChanged();

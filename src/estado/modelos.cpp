@@ -2,9 +2,12 @@
 #include "estado/modelos.h"
 
 #include "nucleo/textos.h"
+#include "plataforma/escritorio.h"
 
 #include <QUrl>
 #include <QVariantMap>
+
+#include <algorithm>
 
 QString textoDe(const std::string& bytes)
 {
@@ -115,6 +118,28 @@ void ModeloElementos::marcarTodos(bool valor)
     Q_EMIT seleccionCambiada();
 }
 
+void ModeloElementos::ponerSeleccion(const std::vector<bool>& seleccion)
+{
+    auto& l = lista_();
+    bool cambio = false;
+    for (size_t i = 0; i < l.size() && i < seleccion.size(); ++i)
+        if (l[i].seleccionado != seleccion[i]) {
+            l[i].seleccionado = seleccion[i];
+            cambio = true;
+        }
+    if (!cambio)
+        return;
+    Q_EMIT dataChanged(index(0), index(rowCount() - 1), {seleccionado});
+    Q_EMIT seleccionCambiada();
+}
+
+void ModeloElementos::mostrarEnArchivos(int fila) const
+{
+    const auto& l = lista_();
+    if (fila >= 0 && size_t(fila) < l.size())
+        plataforma::mostrarEnArchivos(l[size_t(fila)].url);
+}
+
 void ModeloElementos::reiniciar(const std::function<void()>& cambio)
 {
     beginResetModel();
@@ -170,6 +195,9 @@ QVariant ModeloCategorias::data(const QModelIndex& indice, int rol) const
         return int(c.elementos.size());
     case marcados:
         return int(std::count_if(c.elementos.begin(), c.elementos.end(), [](const Elemento& e) { return e.seleccionado; }));
+    case todoEnUso:
+        return !c.elementos.empty() &&
+               std::all_of(c.elementos.begin(), c.elementos.end(), [](const Elemento& e) { return e.enUso.has_value(); });
     case elementos:
         return fila < hijos_.size() ? QVariant::fromValue(hijos_[fila]) : QVariant();
     }
@@ -189,6 +217,7 @@ QHash<int, QByteArray> ModeloCategorias::roleNames() const
             {tamanoSeleccionado, "tamanoSeleccionado"},
             {cantidadElementos, "cantidadElementos"},
             {marcados, "marcados"},
+            {todoEnUso, "todoEnUso"},
             {elementos, "elementos"}};
 }
 

@@ -39,6 +39,11 @@ public:
     Q_INVOKABLE bool marcar(int fila, bool seleccionado);
     // Ticks or unticks every row.
     Q_INVOKABLE void marcarTodos(bool seleccionado);
+    // One tick for each row, in order, told as one change.
+    void ponerSeleccion(const std::vector<bool>& seleccion);
+    // Shows the row's entry in the file manager.
+    Q_INVOKABLE void mostrarEnArchivos(int fila) const;
+    const std::vector<Elemento>& lista() const { return lista_(); }
 
     // cambio replaces the list; the views are told around it.
     void reiniciar(const std::function<void()>& cambio);
@@ -74,6 +79,8 @@ public:
         tamanoSeleccionado,
         cantidadElementos,
         marcados,
+        // Every item is used by an open application (and there is one).
+        todoEnUso,
         elementos
     };
 

@@ -32,12 +32,15 @@ public:
     std::optional<Enlace> tomarEnlace();
     // The same for the screens: the raw value, or empty.
     Q_INVOKABLE QString tomar();
+    // A screen asks for the settings window; the shell opens it.
+    Q_INVOKABLE void pedirAjustes() { Q_EMIT ajustesPedidos(); }
 
     std::optional<Enlace> pendiente() const { return pendiente_; }
     QString pendienteTexto() const;
 
 Q_SIGNALS:
     void pendienteChanged();
+    void ajustesPedidos();
 
 private:
     Navegacion() = default;

@@ -5,9 +5,8 @@
 
 #include <limits>
 
-Preferencias::Preferencias(QObject* padre)
-    : QObject(padre),
-      almacen_(std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Vorlano"),
+Preferencias::Preferencias()
+    : almacen_(std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Vorlano"),
                                            QStringLiteral("Vorlano")))
 {
 }

@@ -31,8 +31,6 @@ public:
     static constexpr const char* claveAvisoGB = "avisoGB";
     static constexpr const char* claveBienvenida = "bienvenidaVista";
 
-    // The settings file of the user: Vorlano/Vorlano.conf under the config home.
-    explicit Preferencias(QObject* padre = nullptr);
     // A settings file of our choosing.
     explicit Preferencias(const QString& archivo, QObject* padre = nullptr);
 
@@ -63,6 +61,10 @@ Q_SIGNALS:
     void bienvenidaVistaChanged();
 
 private:
+    // The settings file of the user: Vorlano/Vorlano.conf under the config
+    // home. Private, so that QML too takes the one instance from create()
+    // rather than making its own.
+    Preferencias();
     std::optional<QVariant> valor(const char* clave) const;
 
     std::unique_ptr<QSettings> almacen_;

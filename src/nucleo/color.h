@@ -39,4 +39,6 @@ inline constexpr Color rojo{1.0, 0.231, 0.188};
 inline constexpr Color naranja{1.0, 0.584, 0.0};
 inline constexpr Color amarillo{1.0, 0.8, 0.0};
 inline constexpr Color gris{0.557, 0.557, 0.576};
+inline constexpr Color verde{0.204, 0.78, 0.349};
+inline constexpr Color indigo{0.345, 0.337, 0.839};
 } // namespace Colores

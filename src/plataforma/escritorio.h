@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <filesystem>
 #include <map>
 #include <string>
 
@@ -41,5 +42,15 @@ private:
 
 // Asks the desktop widget to draw itself again.
 void recargarWidgets();
+
+// Shows the entry selected in the desktop's file manager, or, where none
+// answers, opens the folder that holds it. Returns at once.
+void mostrarEnArchivos(const std::filesystem::path& ruta);
+
+// The font file of the icon set the screens draw with; empty when missing.
+std::filesystem::path fuenteIconos();
+
+// The user asked the desktop for less motion.
+bool movimientoReducido();
 
 } // namespace plataforma
