@@ -7,9 +7,9 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDesktopServices>
 #include <QStringList>
-
-#include <gio/gio.h>
+#include <QUrl>
 
 namespace plataforma {
 
@@ -36,8 +36,9 @@ std::string uriDe(const std::filesystem::path& ruta)
 
 void abrirCarpeta(const std::filesystem::path& carpeta)
 {
-    // GIO finds the user's file manager by the folder's type; failure is silent.
-    g_app_info_launch_default_for_uri(uriDe(carpeta).c_str(), nullptr, nullptr);
+    // The desktop's default handler for folders (xdg-open or the portal);
+    // failure is silent. The URI is ASCII, so QUrl keeps the bytes.
+    QDesktopServices::openUrl(QUrl::fromEncoded(QByteArray::fromStdString(uriDe(carpeta))));
 }
 
 } // namespace
