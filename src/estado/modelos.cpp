@@ -22,6 +22,7 @@ QVariantMap mapaDe(const AppInstalada& app)
             {QStringLiteral("tamano"), qint64(app.tamano)},
             {QStringLiteral("deRoot"), app.deRoot},
             {QStringLiteral("ruta"), textoDe(app.url.native())},
+            {QStringLiteral("archivo"), textoDe(app.url.filename().native())},
             {QStringLiteral("tipo"), nombreTipo(app.tipo)},
             {QStringLiteral("icono"), urlIcono(app)}};
 }

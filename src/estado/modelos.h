@@ -138,7 +138,8 @@ private:
 
 // Display text of a path or name held as bytes.
 QString textoDe(const std::string& bytes);
-// One application as {nombre, version, bundleID, tamano, deRoot, ruta, tipo, icono}.
+// One application as {nombre, version, bundleID, tamano, deRoot, ruta, archivo (the last
+// component of ruta), tipo, icono}.
 QVariantMap mapaDe(const AppInstalada& app);
 // The kind of an application as the screens name it: "bundle", "flatpak",
 // "snap", "appImage" or "enCasa".

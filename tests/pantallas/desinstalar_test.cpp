@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The uninstall section of the window over real bundles of a scratch home:
+// choosing, unticking, the question, the uninstall into the Trash, and an
+// application that runs.
+#include "pantallas/comun.h"
+
+#include "desinstalador/fixturas.h"
+#include "estado/comun.h"
+#include "estado/estado_apps.h"
+#include "nucleo/textos.h"
+
+using pantallas::VentanaPrueba;
+
+namespace {
+
+// The window on the uninstall section, its list built and measured.
+EstadoApps* abrirSeccion(VentanaPrueba& v)
+{
+    auto* apps = v.buscar("desinstalar")->property("estado").value<EstadoApps*>();
+    EXPECT_NE(apps, nullptr);
+    v.pulsar("seccion-desinstalar");
+    EXPECT_TRUE(pantallas::hasta([&] { return !apps->cargando() && !apps->apps().empty() && apps->apps()[0].tamano > 0; }));
+    v.asentar();
+    return apps;
+}
+
+// The names of the leftover rows the pane shows.
+std::vector<std::string> filasRestos(VentanaPrueba& v)
+{
+    std::vector<std::string> r;
+    auto* repetidor = v.buscar("restos");
+    for (int i = 0; i < repetidor->property("count").toInt(); ++i) {
+        QQuickItem* fila = nullptr;
+        QMetaObject::invokeMethod(repetidor, "itemAt", Q_RETURN_ARG(QQuickItem*, fila), Q_ARG(int, i));
+        r.push_back(fila->property("nombre").toString().toStdString());
+    }
+    return r;
+}
+
+} // namespace
+
+// Choosing one application and at once another shows only the second's
+// leftovers; unticking one lowers the total and the question's figures;
+// the uninstall empties the pane into the success view, takes the row away
+// and leaves the bundle and its ticked leftovers in the Trash.
+TEST(PantallaDesinstalar, ElegirMarcarYDesinstalar)
+{
+    VentanaPrueba v;
+    crearApp(v.casa.ruta("Applications/Alfa.app"), "org.prueba.alfa");
+    crearApp(v.casa.ruta("Applications/Beta.app"), "org.prueba.beta");
+    v.casa.archivo("Applications/Beta.app/Contents/MacOS/beta", 100 * 4096);
+    v.casa.muchos("Library/Application Support/org.prueba.alfa", 50, 4096);
+    v.casa.archivo("Library/Caches/org.prueba.beta/a", 300 * 4096);
+    v.casa.archivo("Library/Preferences/org.prueba.beta.plist", 2 * 4096);
+    EstadoApps* apps = abrirSeccion(v);
+    EXPECT_TRUE(v.visible("vacio"));
+    EXPECT_FALSE(v.visible("detalle"));
+    pantallas::capturar(v.ventana(), "desinstalar-vacio");
+
+    v.pulsar("app-Alfa");
+    v.pulsar("app-Beta");
+    ASSERT_TRUE(pantallas::hasta([&] { return !apps->buscandoRestos(); }));
+    v.asentar();
+    EXPECT_EQ(v.texto("nombre"), "Beta");
+    EXPECT_EQ(v.texto("nota"), "La app");
+    EXPECT_EQ(filasRestos(v), (std::vector<std::string>{"~/Library/Caches/org.prueba.beta", "~/Library/Preferences/org.prueba.beta.plist"}));
+    const int64_t app = apps->elegida()->tamano;
+    ASSERT_GT(app, 0);
+    const int64_t cache = apoyo::du(v.casa.ruta("Library/Caches/org.prueba.beta"));
+    const int64_t plist = apoyo::du(v.casa.ruta("Library/Preferences/org.prueba.beta.plist"));
+    EXPECT_EQ(v.texto("total"), "Total: " + formatoBytes(app + cache + plist));
+    EXPECT_TRUE(v.leer("botonDesinstalar", "enabled").toBool());
+    pantallas::capturar(v.ventana(), "desinstalar-app");
+
+    // The first leftover's box unticked.
+    QQuickItem* primera = nullptr;
+    QMetaObject::invokeMethod(v.buscar("restos"), "itemAt", Q_RETURN_ARG(QQuickItem*, primera), Q_ARG(int, 0));
+    v.pulsar(primera->findChild<QQuickItem*>(QStringLiteral("casillaElemento")));
+    EXPECT_EQ(v.texto("total"), "Total: " + formatoBytes(app + plist));
+    v.pulsar("botonDesinstalar");
+    QObject* dialogo = v.buscar("confirmarDesinstalar");
+    ASSERT_TRUE(dialogo->property("opened").toBool() || dialogo->property("visible").toBool());
+    EXPECT_EQ(dialogo->property("titulo").toString().toStdString(), "¿Desinstalar Beta?");
+    EXPECT_EQ(dialogo->property("mensaje").toString().toStdString(),
+              "La app y 1 archivo más (" + formatoBytes(app + plist) +
+                  ") irán a la Papelera. Puedes recuperarlos desde ahí.");
+    pantallas::capturar(v.ventana(), "desinstalar-confirmar");
+
+    v.pulsar(dialogo->findChild<QQuickItem*>(QStringLiteral("aceptar")));
+    ASSERT_TRUE(pantallas::hasta([&] { return apps->resultado().has_value() && !apps->trabajando(); }));
+    v.asentar(400);
+    EXPECT_TRUE(v.visible("exito"));
+    EXPECT_EQ(v.texto("tituloExito"), "Beta está en la Papelera");
+    EXPECT_EQ(v.buscar("app-Beta"), nullptr);
+    EXPECT_NE(v.buscar("app-Alfa"), nullptr);
+    EXPECT_EQ(enPapelera(), (std::set<std::string>{v.casa.ruta("Applications/Beta.app").string(),
+                                                    v.casa.ruta("Library/Preferences/org.prueba.beta.plist").string()}));
+    EXPECT_TRUE(fs::exists(v.casa.ruta("Library/Caches/org.prueba.beta/a")));
+    pantallas::capturar(v.ventana(), "desinstalar-exito");
+
+    // The search field filters the list; the chosen one stays in the pane.
+    v.pulsar("app-Alfa");
+    auto* buscar = v.buscar("buscar");
+    buscar->setProperty("text", QStringLiteral("zz"));
+    v.asentar();
+    EXPECT_EQ(v.buscar("app-Alfa"), nullptr);
+    EXPECT_EQ(v.texto("nombre"), "Alfa");
+    buscar->setProperty("text", QStringLiteral("ALF"));
+    v.asentar();
+    EXPECT_NE(v.buscar("app-Alfa"), nullptr);
+}
+
+// An application that runs can't be uninstalled: the warning shows and the
+// button is off, until it ends.
+TEST(PantallaDesinstalar, AbiertaNoSeDesinstala)
+{
+    VentanaPrueba v;
+    crearApp(v.casa.ruta("Applications/Beta.app"), "org.prueba.beta");
+    auto programa = std::make_unique<apoyo::ProgramaEnMarcha>(v.casa.ruta("Applications/Beta.app/Contents/MacOS/beta"));
+    EstadoApps* apps = abrirSeccion(v);
+    v.pulsar("app-Beta");
+    ASSERT_TRUE(pantallas::hasta([&] { return !apps->buscandoRestos(); }));
+    v.asentar();
+    EXPECT_TRUE(v.visible("abierta"));
+    EXPECT_FALSE(v.leer("botonDesinstalar", "enabled").toBool());
+    EXPECT_TRUE(v.visible("sinRestos"));
+    pantallas::capturar(v.ventana(), "desinstalar-abierta");
+
+    programa.reset();
+    EXPECT_TRUE(pantallas::hasta([&] { return !v.visible("abierta"); }));
+    EXPECT_TRUE(v.leer("botonDesinstalar", "enabled").toBool());
+}
