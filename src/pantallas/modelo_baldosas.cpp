@@ -20,8 +20,8 @@ QColor colorQt(const Color& c)
 
 bool conEtiquetaEn(const Rectangulo& r)
 {
-    return r.ancho - 2 * ModeloBaldosas::margen > ModeloBaldosas::anchoEtiqueta &&
-           r.alto - 2 * ModeloBaldosas::margen > ModeloBaldosas::altoEtiqueta;
+    return r.ancho - 2 * ModeloBaldosas::margenCelda > ModeloBaldosas::anchoEtiqueta &&
+           r.alto - 2 * ModeloBaldosas::margenCelda > ModeloBaldosas::altoEtiqueta;
 }
 
 } // namespace
@@ -88,7 +88,7 @@ void ModeloBaldosas::disponer()
 {
     calcular();
     if (!baldosas_.empty())
-        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {x, y, ancho_, alto_, etiqueta});
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1), {izquierda, arriba, anchoCelda, altoCelda, etiqueta});
     Q_EMIT areaChanged();
 }
 
@@ -113,13 +113,13 @@ QVariant ModeloBaldosas::data(const QModelIndex& indice, int rol) const
     case color: return colorQt(b.color);
     case tipo:
         return !b.nodo ? QStringLiteral("otros") : b.nodo->esCarpeta ? QStringLiteral("carpeta") : QStringLiteral("archivo");
-    case abrible: return b.nodo && b.nodo->esCarpeta && !b.nodo->hijos.empty();
+    case abrible: return seAbre(Nodo(b.nodo));
     case ruta: return b.nodo ? q(textoVisible(b.nodo->ruta)) : QString();
     case ayuda: return q(textoVisible(b.nombre) + " — " + formatoBytes(b.tamano));
-    case x: return r.x;
-    case y: return r.y;
-    case ancho_: return r.ancho;
-    case alto_: return r.alto;
+    case izquierda: return r.x;
+    case arriba: return r.y;
+    case anchoCelda: return r.ancho;
+    case altoCelda: return r.alto;
     case etiqueta: return conEtiquetaEn(r);
     }
     return {};
@@ -129,7 +129,7 @@ QHash<int, QByteArray> ModeloBaldosas::roleNames() const
 {
     return {{id, "id"},         {nodo, "nodo"},   {nombre, "nombre"}, {tamano, "tamano"},   {bytes, "bytes"},
             {color, "color"},   {tipo, "tipo"},   {abrible, "abrible"}, {ruta, "ruta"},     {ayuda, "ayuda"},
-            {x, "x"},           {y, "y"},         {ancho_, "ancho"},  {alto_, "alto"},      {etiqueta, "etiqueta"}};
+            {izquierda, "izquierda"}, {arriba, "arriba"}, {anchoCelda, "ancho"}, {altoCelda, "alto"},      {etiqueta, "etiqueta"}};
 }
 
 int ModeloBaldosas::conEtiqueta() const
@@ -146,6 +146,17 @@ int ModeloBaldosas::filaDe(const Nodo& n) const
         if (n.nodo && baldosas_[i].nodo == n.nodo)
             return int(i);
     return -1;
+}
+
+void ModeloBaldosas::seleccionarFila(int fila)
+{
+    if (estado_)
+        estado_->seleccionar(fila >= 0 && size_t(fila) < baldosas_.size() ? Nodo(baldosas_[size_t(fila)].nodo) : Nodo());
+}
+
+bool ModeloBaldosas::seAbre(const Nodo& n)
+{
+    return n.nodo && n.nodo->esCarpeta && !n.nodo->hijos.empty();
 }
 
 QString ModeloBaldosas::tituloMover(const Nodo& n) const

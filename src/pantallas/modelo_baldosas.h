@@ -22,13 +22,15 @@ class ModeloBaldosas : public QAbstractListModel {
     Q_PROPERTY(qreal ancho READ ancho WRITE ponerAncho NOTIFY areaChanged)
     Q_PROPERTY(qreal alto READ alto WRITE ponerAlto NOTIFY areaChanged)
     Q_PROPERTY(int cantidad READ rowCount NOTIFY cantidadChanged)
+    // The inset of each tile in its cell.
+    Q_PROPERTY(qreal margen READ margen CONSTANT)
     // How many tiles carry a label at this size.
     Q_PROPERTY(int conEtiqueta READ conEtiqueta NOTIFY areaChanged)
     // The note on the places left out, empty when there are none.
     Q_PROPERTY(QString notaProtegidas READ notaProtegidas NOTIFY notaProtegidasChanged)
 
 public:
-    // The tile's rectangle (x, y, ancho, alto) is the whole cell; the map
+    // The tile's rectangle (izquierda, arriba, ancho, alto) is the whole cell; the map
     // draws it inset by margen. etiqueta: the inset cell is large enough for
     // the two lines of text. tipo: "carpeta", "archivo" or "otros".
     // abrible: a folder with children, which a double click opens.
@@ -43,14 +45,14 @@ public:
         abrible,
         ruta,
         ayuda,
-        x,
-        y,
-        ancho_,
-        alto_,
+        izquierda,
+        arriba,
+        anchoCelda,
+        altoCelda,
         etiqueta
     };
 
-    static constexpr double margen = 1.5;
+    static constexpr double margenCelda = 1.5;
     static constexpr double anchoEtiqueta = 70;
     static constexpr double altoEtiqueta = 36;
 
@@ -64,6 +66,7 @@ public:
     void ponerEstado(EstadoMapa* e);
     qreal ancho() const { return area_.ancho; }
     qreal alto() const { return area_.alto; }
+    static qreal margen() { return margenCelda; }
     void ponerAncho(qreal a);
     void ponerAlto(qreal a);
     int conEtiqueta() const;
@@ -73,6 +76,11 @@ public:
 
     // The row of the tile of that node, -1 for none.
     Q_INVOKABLE int filaDe(const Nodo& nodo) const;
+    // The list's choice: the node of that row becomes the selection, or none
+    // for the "Otros" row or no row.
+    Q_INVOKABLE void seleccionarFila(int fila);
+    // A folder with children, which the map can open.
+    Q_INVOKABLE static bool seAbre(const Nodo& nodo);
     // "¿Mover {nombre} a la Papelera?" and the text under it.
     Q_INVOKABLE QString tituloMover(const Nodo& nodo) const;
     Q_INVOKABLE QString mensaje(const Nodo& nodo) const;

@@ -1,0 +1,159 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The map section of the window over a measured scratch home: its pages,
+// selecting and entering tiles, the crumbs, the lock, and a move to the
+// Trash redrawn without measuring again; and the tiles' labels by size.
+#include "pantallas/comun.h"
+
+#include "estado/comun.h"
+#include "estado/estado_mapa.h"
+#include "nucleo/textos.h"
+#include "pantallas/modelo_baldosas.h"
+
+#include <QTest>
+
+using pantallas::VentanaPrueba;
+
+namespace {
+
+std::shared_ptr<NodoDisco> hijo(const std::shared_ptr<NodoDisco>& n, std::string_view nombre)
+{
+    for (const auto& h : n->hijos)
+        if (h->nombre == nombre)
+            return h;
+    return nullptr;
+}
+
+void dobleClic(VentanaPrueba& v, const char* nombre)
+{
+    auto* item = qobject_cast<QQuickItem*>(v.buscar(nombre));
+    ASSERT_NE(item, nullptr) << nombre;
+    const QPoint centro = item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+    QTest::mouseDClick(v.ventana(), Qt::LeftButton, {}, centro);
+    v.asentar();
+}
+
+} // namespace
+
+TEST(PantallaMapa, MedirElegirEntrarYMover)
+{
+    VentanaPrueba v;
+    v.casa.reservado("Documents/a/datos", 5'000'000);
+    v.casa.reservado("Documents/a/notas", 900'000);
+    v.casa.reservado("Documents/b", 3'000'000);
+    v.casa.reservado("Music/disco", 2'000'000);
+    v.casa.muchos("Pictures", 2000, 100);
+    auto* mapa = v.buscar("mapa")->property("estado").value<EstadoMapa*>();
+    ASSERT_NE(mapa, nullptr);
+    v.pulsar("seccion-mapa");
+    EXPECT_TRUE(v.visible("inicio"));
+    pantallas::capturar(v.ventana(), "mapa-inicio");
+
+    v.pulsar("medir");
+    // The ring, as long as the measurement lasts.
+    if (mapa->midiendo()) {
+        EXPECT_TRUE(v.visible("midiendo"));
+        pantallas::capturar(v.ventana(), "mapa-midiendo");
+    }
+    ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
+    v.asentar(400);
+    EXPECT_TRUE(v.visible("paginaMapa"));
+    EXPECT_TRUE(v.visible("pista"));
+    const auto raiz = mapa->raiz();
+    EXPECT_EQ(v.texto("tamanoActual"), formatoBytes(raiz->tamano));
+
+    // A folder right in home is selected but can't be moved from here.
+    v.pulsar("baldosa-Documents");
+    EXPECT_EQ(mapa->seleccion(), hijo(raiz, "Documents"));
+    EXPECT_TRUE(v.visible("seleccion"));
+    EXPECT_TRUE(v.visible("candado"));
+    EXPECT_FALSE(v.visible("moverAPapelera"));
+    EXPECT_TRUE(v.visible("abrir"));
+    pantallas::capturar(v.ventana(), "mapa-seleccion");
+
+    dobleClic(v, "baldosa-Documents");
+    const auto docs = hijo(raiz, "Documents");
+    EXPECT_EQ(mapa->actual(), docs);
+    dobleClic(v, "baldosa-a");
+    const auto a = hijo(docs, "a");
+    ASSERT_EQ(mapa->actual(), a);
+    EXPECT_TRUE(v.visible("miga-2"));
+
+    // A file deeper down can be moved: the question, then the tree lowered in place.
+    v.pulsar("baldosa-datos");
+    const auto datos = hijo(a, "datos");
+    ASSERT_EQ(mapa->seleccion(), datos);
+    EXPECT_FALSE(v.visible("candado"));
+    v.pulsar("moverAPapelera");
+    QObject* dialogo = v.buscar("confirmarMover");
+    EXPECT_EQ(dialogo->property("titulo").toString().toStdString(), "¿Mover datos a la Papelera?");
+    EXPECT_EQ(dialogo->property("mensaje").toString().toStdString(),
+              formatoBytes(datos->tamano) + ". Puedes recuperarlo desde la Papelera.");
+    pantallas::capturar(v.ventana(), "mapa-confirmar");
+    const int64_t antes[] = {a->tamano, docs->tamano, raiz->tamano}, movido = datos->tamano;
+    ASSERT_GE(movido, 5'000'000);
+    v.pulsar(dialogo->findChild<QQuickItem*>(QStringLiteral("aceptar")));
+    ASSERT_TRUE(pantallas::hasta([&] { return hijo(a, "datos") == nullptr; }));
+    v.asentar();
+    EXPECT_EQ(a->tamano, antes[0] - movido);
+    EXPECT_EQ(docs->tamano, antes[1] - movido);
+    EXPECT_EQ(raiz->tamano, antes[2] - movido);
+    EXPECT_EQ(v.buscar("baldosa-datos"), nullptr);
+    // What is left fills the map: the small file alone, or folded into "Otros".
+    EXPECT_TRUE(v.buscar("baldosa-notas") != nullptr || v.buscar("baldosa-Otros") != nullptr);
+    EXPECT_EQ(v.texto("tamanoActual"), formatoBytes(a->tamano));
+    EXPECT_FALSE(std::filesystem::exists(v.casa.ruta("Documents/a/datos")));
+
+    // A tile, then a crumb: the bar is back at the hint.
+    v.pulsar("miga-0");
+    v.pulsar("baldosa-Music");
+    EXPECT_TRUE(v.visible("seleccion"));
+    v.pulsar("miga-0");
+    EXPECT_EQ(mapa->actual(), raiz);
+    EXPECT_FALSE(mapa->seleccion());
+    EXPECT_TRUE(v.visible("pista"));
+
+    // Measuring again keeps the map on screen and hides the button.
+    ASSERT_TRUE(v.visible("volverAMedir"));
+    v.pulsar("volverAMedir");
+    EXPECT_TRUE(v.visible("paginaMapa"));
+    EXPECT_FALSE(v.visible("midiendo"));
+    if (mapa->midiendo())
+        EXPECT_FALSE(v.visible("volverAMedir"));
+    ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo(); }));
+    v.asentar();
+    EXPECT_TRUE(v.visible("volverAMedir"));
+}
+
+// Labels only on tiles whose inset cell exceeds 70 by 36; sixty equal
+// children all fit in a large area, and none is labelled in a tiny one.
+TEST(PantallaMapa, EtiquetasSegunElTamano)
+{
+    apoyo::CasaPrueba casa;
+    for (int i = 0; i < 60; ++i)
+        casa.reservado("Iguales/" + std::to_string(100 + i), 100'000);
+    EstadoMapa mapa(casa.entorno());
+    mapa.medir();
+    ASSERT_TRUE(esperar(&mapa, &EstadoMapa::medicionTerminada));
+    mapa.entrar(Nodo(hijo(mapa.raiz(), "Iguales")));
+    ModeloBaldosas baldosas;
+    baldosas.ponerEstado(&mapa);
+    baldosas.ponerAncho(1200);
+    baldosas.ponerAlto(900);
+    ASSERT_GT(baldosas.rowCount(), 0);
+    EXPECT_GT(baldosas.conEtiqueta(), 0);
+    for (const auto& [ancho, alto] : {std::pair{1200.0, 900.0}, std::pair{400.0, 150.0}, std::pair{72.0, 38.0}}) {
+        baldosas.ponerAncho(ancho);
+        baldosas.ponerAlto(alto);
+        int conEtiqueta = 0;
+        for (int i = 0; i < baldosas.rowCount(); ++i) {
+            const QModelIndex fila = baldosas.index(i);
+            const double w = fila.data(ModeloBaldosas::anchoCelda).toDouble(), h = fila.data(ModeloBaldosas::altoCelda).toDouble();
+            EXPECT_LE(fila.data(ModeloBaldosas::izquierda).toDouble() + w, ancho + 0.01);
+            EXPECT_EQ(fila.data(ModeloBaldosas::etiqueta).toBool(), w - 3 > 70 && h - 3 > 36) << ancho;
+            conEtiqueta += fila.data(ModeloBaldosas::etiqueta).toBool();
+        }
+        EXPECT_EQ(baldosas.conEtiqueta(), conEtiqueta);
+    }
+    // A tiny area: colours and tooltips only.
+    EXPECT_EQ(baldosas.conEtiqueta(), 0);
+}
