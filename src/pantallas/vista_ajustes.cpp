@@ -65,6 +65,9 @@ QVariantList VistaAjustes::opcionesAviso()
 
 int VistaAjustes::indiceAviso(int gb)
 {
+    // 0 or less is off.
+    if (gb <= 0)
+        return 0;
     for (size_t i = 0; i < limitesAviso.size(); ++i)
         if (limitesAviso[i] == gb)
             return int(i);

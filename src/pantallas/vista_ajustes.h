@@ -39,7 +39,8 @@ public:
     QString ordenAcceso() const { return ordenAcceso_; }
     static QVariantList opcionesAviso();
 
-    // The position of a limit among the choices; -1 for a value that isn't one.
+    // The position of a limit among the choices: "Nunca" for 0 or less, -1
+    // for another value.
     Q_INVOKABLE static int indiceAviso(int gb);
     Q_INVOKABLE void revisarAcceso();
 
