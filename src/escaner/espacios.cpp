@@ -201,25 +201,8 @@ std::vector<Elemento> Escaner::espaciosDeTrabajo(Fecha ahora) const
 
 bool Escaner::seguroQueNoExiste(const std::filesystem::path& ruta)
 {
-    std::string p = ruta.native();
-    while (p.size() > 1 && p.back() == '/')
-        p.pop_back();
-    if (p.empty() || p.front() != '/' || plataforma::existe(p))
-        return false;
     // A project on a volume that isn't mounted is away, not gone.
-    if (plataforma::enVolumenDesmontado(p))
-        return false;
-    // The nearest existing folder above must be readable: only then does its
-    // listing prove the absence.
-    do {
-        const size_t barra = p.rfind('/');
-        p.resize(barra == 0 ? 1 : barra);
-    } while (p.size() > 1 && !plataforma::existe(p));
-    DIR* d = ::opendir(p.c_str());
-    if (d == nullptr)
-        return false;
-    ::closedir(d);
-    return true;
+    return plataforma::ausenciaProbada(ruta) && !plataforma::enVolumenDesmontado(ruta);
 }
 
 std::optional<Fecha> Escaner::ultimaModificacion(const std::filesystem::path& carpeta)

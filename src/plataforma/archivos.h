@@ -30,6 +30,10 @@ struct Montaje {
     std::string punto;
     bool automontaje = false;
 };
+// The mounts in place now, as this process sees them; absent when the table
+// can't be read.
+std::optional<std::vector<Montaje>> montajesActuales();
+
 // The same judged on given tables: the mounts in place now and the mount
 // points of /etc/fstab.
 bool enVolumenDesmontado(const std::filesystem::path& ruta, const std::vector<Montaje>& montados,

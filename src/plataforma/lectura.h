@@ -12,6 +12,13 @@ namespace plataforma {
 // Whether anything is at the path, links followed: a dangling link is nothing.
 bool existe(const std::filesystem::path& ruta);
 
+// Whether the absolute path is proven absent: it doesn't exist (links
+// followed) and the nearest folder above it that does can be read, so that its
+// listing shows the absence. False when the path exists, when a folder on the
+// way can't be searched or read, when a file stands where a folder should, and
+// for a path longer than the system takes. Linear in the path's length.
+bool ausenciaProbada(const std::filesystem::path& ruta);
+
 // The names in a folder but "." and "..", in listing order; none when it
 // can't be read. Links in it are listed, not followed.
 std::vector<std::string> nombresEn(const std::filesystem::path& carpeta);

@@ -19,7 +19,13 @@ TEST(EspaciosDeTrabajo, RutaDecodificadaComoBytes)
     casa.crearDir("año");
     const auto ahora = std::chrono::system_clock::now();
     const std::string base = "file://" + casa.raiz().string();
-    for (const std::string& json : {"{\"folder\":\"" + base + "/Mi%20Proyecto%E9\"}",
+    // A path of 300,000 components is longer than the system takes: it proves
+    // nothing, and costs no more than reading it.
+    std::string largo = "{\"folder\":\"file://";
+    for (int i = 0; i < 300000; ++i)
+        largo += "/a";
+    largo += "\"}";
+    for (const std::string& json : {largo, "{\"folder\":\"" + base + "/Mi%20Proyecto%E9\"}",
                                     "{\"folder\":\"" + base + "/a%C3%B1o\"}",
                                     // "folder" is read before "workspace"
                                     "{\"folder\":\"" + base + "/a%C3%B1o\",\"workspace\":\"" + base + "/falta\"}"})
@@ -38,6 +44,13 @@ TEST(EspaciosDeTrabajo, SeguroQueNoExisteSoloConPrueba)
     casa.crearDir("hay/carpeta");
     casa.archivo("hay/archivo", 10);
     EXPECT_FALSE(Escaner::seguroQueNoExiste(casa.ruta("hay/carpeta")));
+    // Each component is looked up in the folder before it, links and ".."
+    // as the system takes them.
+    std::string hondo = casa.ruta("hay").string();
+    for (int i = 0; i < 250; ++i)
+        hondo += "/./carpeta/..";
+    EXPECT_TRUE(Escaner::seguroQueNoExiste(hondo + "/falta"));
+    EXPECT_FALSE(Escaner::seguroQueNoExiste(hondo + "/carpeta"));
     EXPECT_TRUE(Escaner::seguroQueNoExiste(casa.ruta("hay/falta/mas/hondo/")));
     // The nearest thing that exists is a file: it can't be listed, so no proof.
     EXPECT_FALSE(Escaner::seguroQueNoExiste(casa.ruta("hay/archivo/dentro")));

@@ -45,7 +45,7 @@ struct Cuenta {
 // What one removal shares down the tree: the mount it stays on, and the bytes
 // of entries removed while another hard link kept their data.
 struct Contexto {
-    Montaje montaje;
+    IdMontaje montaje;
     int64_t retenido = 0;
 };
 
@@ -97,7 +97,7 @@ bool borrarEntrada(int dir, const char* nombre, unsigned char tipo, Contexto& c,
         // Not readable: an empty folder still goes.
         return ::unlinkat(dir, nombre, AT_REMOVEDIR) == 0 || errno == ENOENT;
     }
-    Montaje propio;
+    IdMontaje propio;
     if (!montajeDe(fd.get(), propio) || !(propio == c.montaje))
         return false; // a mount point: not entered, and it can't be removed
     DIR* d = ::fdopendir(fd.get());
@@ -150,7 +150,7 @@ Clase examinar(const fs::path& base, const fs::path& relativa)
 {
     std::string ultimo;
     Clase clase;
-    Montaje m;
+    IdMontaje m;
     const Descriptor dir = abrirPadre(base, relativa, ultimo, clase, m);
     if (dir.get() < 0)
         return clase;
@@ -178,7 +178,7 @@ Vaciado vaciar(const fs::path& base, const fs::path& relativa)
         return v;
     }
     Descriptor fd(::openat(dir.get(), ultimo.c_str(), abrirCarpeta));
-    Montaje propio;
+    IdMontaje propio;
     DIR* d = nullptr;
     if (fd.get() < 0 || !montajeDe(fd.get(), propio) || (d = ::fdopendir(fd.get())) == nullptr) {
         if (errno == ENOENT)

@@ -13,7 +13,7 @@ namespace plataforma {
 
 namespace {
 
-bool montajeDeStatx(int dir, const char* nombre, int banderas, Montaje& m, mode_t* modo = nullptr)
+bool montajeDeStatx(int dir, const char* nombre, int banderas, IdMontaje& m, mode_t* modo = nullptr)
 {
     struct statx sx;
     if (::statx(dir, nombre, banderas | AT_NO_AUTOMOUNT, STATX_TYPE | STATX_MNT_ID, &sx) != 0)
@@ -33,18 +33,18 @@ Descriptor::~Descriptor()
         ::close(fd_);
 }
 
-bool montajeDe(int fd, Montaje& m)
+bool montajeDe(int fd, IdMontaje& m)
 {
     return montajeDeStatx(fd, "", AT_EMPTY_PATH, m);
 }
 
-bool montajeDe(int dir, const char* nombre, Montaje& m)
+bool montajeDe(int dir, const char* nombre, IdMontaje& m)
 {
     return montajeDeStatx(dir, nombre, AT_SYMLINK_NOFOLLOW, m);
 }
 
 Descriptor abrirPadre(const fs::path& base, const fs::path& relativa, std::string& ultimo, Clase& clase,
-                      Montaje& montaje)
+                      IdMontaje& montaje)
 {
     clase = Clase::ausente;
     if (relativa.empty() || relativa.is_absolute())
@@ -69,7 +69,7 @@ Descriptor abrirPadre(const fs::path& base, const fs::path& relativa, std::strin
                     clase = Clase::enlaceEnRuta;
                 return Descriptor();
             }
-            Montaje m;
+            IdMontaje m;
             if (!montajeDe(sig.get(), m))
                 return Descriptor();
             if (!(m == montaje)) {
@@ -86,9 +86,9 @@ Descriptor abrirPadre(const fs::path& base, const fs::path& relativa, std::strin
     return dir;
 }
 
-Clase claseEn(int dir, const char* nombre, const Montaje& m)
+Clase claseEn(int dir, const char* nombre, const IdMontaje& m)
 {
-    Montaje propio;
+    IdMontaje propio;
     mode_t modo = 0;
     if (!montajeDeStatx(dir, nombre, AT_SYMLINK_NOFOLLOW, propio, &modo))
         return Clase::ausente;

@@ -40,17 +40,17 @@ private:
 
 // The mount something lies on: the device, and the mount id where the kernel
 // gives it, which also tells a bind mount of the same file system apart.
-struct Montaje {
+struct IdMontaje {
     dev_t dispositivo = 0;
     uint64_t id = 0;
-    bool operator==(const Montaje&) const = default;
+    bool operator==(const IdMontaje&) const = default;
 };
 
 // Of an open descriptor.
-bool montajeDe(int fd, Montaje& m);
+bool montajeDe(int fd, IdMontaje& m);
 // Of the entry `nombre` of the open folder `dir`, a link itself and not what
 // it points at; a folder something is mounted on gives the mounted one.
-bool montajeDe(int dir, const char* nombre, Montaje& m);
+bool montajeDe(int dir, const char* nombre, IdMontaje& m);
 
 // The folder that holds the last component of `relativa`, reached from `base`
 // through folders on the base's own mount, none of them a link; its last
@@ -58,11 +58,11 @@ bool montajeDe(int dir, const char* nombre, Montaje& m);
 // saying why: enlaceEnRuta, montaje, or ausente for anything else (a
 // relative path that is empty, absolute, or holds "." or "..").
 Descriptor abrirPadre(const std::filesystem::path& base, const std::filesystem::path& relativa, std::string& ultimo,
-                      Clase& clase, Montaje& montaje);
+                      Clase& clase, IdMontaje& montaje);
 
 // What the entry `nombre` of the folder `dir` is, on the mount `m` that its
 // folder is on: ausente, enlace, archivo, carpeta, or montaje when it is on
 // another one (something is mounted on it).
-Clase claseEn(int dir, const char* nombre, const Montaje& m);
+Clase claseEn(int dir, const char* nombre, const IdMontaje& m);
 
 } // namespace plataforma

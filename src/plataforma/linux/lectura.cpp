@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <climits>
 #include <cerrno>
 #include <cstring>
 
@@ -16,6 +17,43 @@ bool existe(const std::filesystem::path& ruta)
 {
     struct stat st;
     return ::stat(ruta.c_str(), &st) == 0;
+}
+
+bool ausenciaProbada(const std::filesystem::path& ruta)
+{
+    const std::string& p = ruta.native();
+    if (p.empty() || p.front() != '/' || p.size() >= PATH_MAX)
+        return false;
+    // Down from the root one component at a time, each looked up in the
+    // folder already open, as the kernel would: no prefix is looked up twice.
+    int dir = ::open("/", O_PATH | O_DIRECTORY | O_CLOEXEC);
+    for (size_t i = 1; dir >= 0 && i < p.size();) {
+        const size_t fin = std::min(p.find('/', i), p.size());
+        if (fin == i) {
+            ++i;
+            continue;
+        }
+        const std::string parte = p.substr(i, fin - i);
+        i = fin;
+        const int sig = ::openat(dir, parte.c_str(), O_PATH | O_CLOEXEC);
+        if (sig < 0) {
+            // Missing here: proven if this folder can be read.
+            bool probada = false;
+            if (errno == ENOENT) {
+                const int leer = ::openat(dir, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+                probada = leer >= 0;
+                if (leer >= 0)
+                    ::close(leer);
+            }
+            ::close(dir);
+            return probada;
+        }
+        ::close(dir);
+        dir = sig;
+    }
+    if (dir >= 0)
+        ::close(dir);
+    return false;
 }
 
 std::vector<std::string> nombresEn(const std::filesystem::path& carpeta)

@@ -22,17 +22,19 @@ bool bajo(std::string_view a, std::string_view b)
 }
 
 // Each entry of a table in fstab format (octal escapes decoded by libc).
+// False when the table can't be read.
 template <class F>
-void leerTabla(const char* archivo, F&& f)
+bool leerTabla(const char* archivo, F&& f)
 {
     FILE* t = ::setmntent(archivo, "re");
     if (t == nullptr)
-        return;
+        return false;
     mntent m;
     char linea[16384];
     while (::getmntent_r(t, &m, linea, sizeof linea) != nullptr)
         f(m);
     ::endmntent(t);
+    return true;
 }
 
 } // namespace
@@ -66,13 +68,20 @@ bool enVolumenDesmontado(const fs::path& ruta, const std::vector<Montaje>& monta
     return false;
 }
 
-bool enVolumenDesmontado(const fs::path& ruta)
+std::optional<std::vector<Montaje>> montajesActuales()
 {
     std::vector<Montaje> montados;
+    if (!leerTabla("/proc/self/mounts", [&](const mntent& m) {
+            montados.push_back({m.mnt_dir, std::string_view(m.mnt_type) == "autofs"});
+        }))
+        return std::nullopt;
+    return montados;
+}
+
+bool enVolumenDesmontado(const fs::path& ruta)
+{
+    const std::vector<Montaje> montados = montajesActuales().value_or(std::vector<Montaje>{});
     std::vector<std::string> fstab;
-    leerTabla("/proc/self/mounts", [&](const mntent& m) {
-        montados.push_back({m.mnt_dir, std::string_view(m.mnt_type) == "autofs"});
-    });
     // Swap and other entries that mount nowhere have no absolute point.
     leerTabla("/etc/fstab", [&](const mntent& m) {
         if (m.mnt_dir[0] == '/')

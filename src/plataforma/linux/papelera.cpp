@@ -4,6 +4,7 @@
 // folder on the path swapped for a link in between would lead it elsewhere.
 #include "plataforma/papelera.h"
 
+#include "plataforma/archivos.h"
 #include "plataforma/idioma.h"
 #include "plataforma/lectura.h"
 #include "plataforma/linux/descriptores.h"
@@ -18,34 +19,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
-#include <string_view>
 
 namespace fs = std::filesystem;
 
 namespace plataforma {
 
 namespace {
-
-// /proc/self/mountinfo is a few lines per mount; this is far beyond any system.
-constexpr size_t maximoMontajes = 16 << 20;
-
-// A field of mountinfo, whose blanks, tabs, newlines and backslashes come as
-// three octal digits after a backslash.
-std::string desescapar(std::string_view campo)
-{
-    auto octal = [](char c) { return c >= '0' && c <= '7'; };
-    std::string r;
-    for (size_t i = 0; i < campo.size(); ++i) {
-        if (campo[i] == '\\' && i + 4 <= campo.size() && octal(campo[i + 1]) && octal(campo[i + 2]) &&
-            octal(campo[i + 3])) {
-            r += char((campo[i + 1] - '0') * 64 + (campo[i + 2] - '0') * 8 + (campo[i + 3] - '0'));
-            i += 3;
-        } else {
-            r += campo[i];
-        }
-    }
-    return r;
-}
 
 // Whether anything is mounted below the open folder `fd`. Where that can't be
 // told, the answer is yes: the move is refused rather than risked.
@@ -55,26 +34,15 @@ bool hayMontajeDentro(int fd)
     std::snprintf(enlace, sizeof enlace, "/proc/self/fd/%d", fd);
     char buf[PATH_MAX];
     const ssize_t n = ::readlink(enlace, buf, sizeof buf);
-    const auto montajes = leerArchivo("/proc/self/mountinfo", maximoMontajes);
-    if (n <= 0 || size_t(n) >= sizeof buf || buf[0] != '/' || !montajes)
+    const auto montados = montajesActuales();
+    if (n <= 0 || size_t(n) >= sizeof buf || buf[0] != '/' || !montados)
         return true;
     std::string prefijo(buf, size_t(n));
     if (prefijo != "/")
         prefijo += '/';
-    // Each line: id, parent id, major:minor, root, mount point, ...
-    std::string_view resto = *montajes;
-    while (!resto.empty()) {
-        const size_t fin = resto.find('\n');
-        std::string_view linea = resto.substr(0, fin);
-        resto = fin == std::string_view::npos ? std::string_view() : resto.substr(fin + 1);
-        for (int i = 0; i < 4 && !linea.empty(); ++i) {
-            const size_t blanco = linea.find(' ');
-            linea = blanco == std::string_view::npos ? std::string_view() : linea.substr(blanco + 1);
-        }
-        const std::string punto = desescapar(linea.substr(0, linea.find(' ')));
-        if (punto.size() > prefijo.size() && punto.starts_with(prefijo))
+    for (const Montaje& m : *montados)
+        if (m.punto.size() > prefijo.size() && m.punto.starts_with(prefijo))
             return true;
-    }
     return false;
 }
 
@@ -89,7 +57,7 @@ Traslado moverAPapelera(const fs::path& base, const fs::path& relativa)
 {
     Traslado t;
     std::string ultimo;
-    Montaje montaje;
+    IdMontaje montaje;
     const Descriptor dir = abrirPadre(base, relativa, ultimo, t.clase, montaje);
     if (dir.get() < 0) {
         if (t.clase == Clase::ausente)
@@ -107,7 +75,7 @@ Traslado moverAPapelera(const fs::path& base, const fs::path& relativa)
         // A mount inside would move along with the folder, out of where the
         // user put it; the folder stays where it is instead.
         const Descriptor fd(::openat(dir.get(), ultimo.c_str(), abrirCarpeta));
-        Montaje propio;
+        IdMontaje propio;
         if (fd.get() < 0 || !montajeDe(fd.get(), propio)) {
             // Gone, or swapped for something else, since it was looked at.
             t.error = descripcionError(errno);
