@@ -53,8 +53,9 @@ double segundosDesdeOrigen(Fecha f)
 
 std::optional<Fecha> desdeOrigen(double s)
 {
-    // About 285,000 years either way: beyond that the microseconds don't fit.
-    if (!std::isfinite(s) || std::fabs(s) > 9e12)
+    // About 250 years either way: the clock counts nanoseconds since 1970 in
+    // 64 bits, which ends in 2262.
+    if (!std::isfinite(s) || std::fabs(s) > 8e9)
         return std::nullopt;
     return Fecha(origen + microseconds(std::llround(s * 1e6)));
 }
@@ -80,6 +81,12 @@ std::optional<int64_t> entero(const nlohmann::json& v)
     }
     if (v.is_number_integer())
         return v.get<int64_t>();
+    // Another writer may put a whole count as 1048576.0.
+    if (v.is_number_float()) {
+        const double d = v.get<double>();
+        if (d == std::trunc(d) && d >= -0x1p63 && d < 0x1p63)
+            return int64_t(d);
+    }
     return std::nullopt;
 }
 
@@ -112,9 +119,10 @@ std::optional<std::vector<Registro>> decodificar(const std::string& texto)
 }
 
 // The whole file, if it is a readable regular file of a plausible size.
+// Opened without waiting: a FIFO put in its place would block the open.
 std::optional<std::string> leer(const fs::path& archivo)
 {
-    const int fd = ::open(archivo.c_str(), O_RDONLY | O_CLOEXEC);
+    const int fd = ::open(archivo.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (fd < 0)
         return std::nullopt;
     std::optional<std::string> r;

@@ -11,7 +11,8 @@ namespace plataforma {
 // is flushed too. True only if every step succeeded. On a failure before the
 // rename the old file is left as it was and the temporary file is removed;
 // readers, even after a crash, see the old content or the new, never a mix.
-// The folder must exist.
+// Temporary files of earlier writes that were killed, an hour old or more,
+// are removed. The folder must exist.
 bool escribirAtomico(const std::filesystem::path& archivo, std::string_view contenido);
 
 } // namespace plataforma

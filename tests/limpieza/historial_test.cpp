@@ -13,6 +13,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <fstream>
 #include <random>
 
@@ -99,6 +100,8 @@ TEST(Historial, ArchivoDanadoIlegibleOCarpetaEsHistorialVacio)
              R"({"fecha":1,"borrado":1,"papelera":0})",
              R"({"fecha":"ayer","borrado":1,"papelera":0,"tipo":"limpieza"})",
              R"({"fecha":1e300,"borrado":1,"papelera":0,"tipo":"limpieza"})",
+             // beyond what the clock holds
+             R"({"fecha":9e11,"borrado":1,"papelera":0,"tipo":"limpieza"})",
              R"({"fecha":1,"borrado":"1","papelera":0,"tipo":"limpieza"})",
              R"({"fecha":1,"borrado":1.5,"papelera":0,"tipo":"limpieza"})",
              R"({"fecha":1,"borrado":1,"papelera":18446744073709551615,"tipo":"limpieza"})",
@@ -116,13 +119,20 @@ TEST(Historial, ArchivoDanadoIlegibleOCarpetaEsHistorialVacio)
         h.anotar(liberado(9), "limpieza");
         EXPECT_EQ(Historial(p.archivo).total(), 9) << contenido.substr(0, 80);
     }
-    // Keys in any order and a whole date are fine; figures no cleaning makes
-    // add up without overflowing.
+    // Keys in any order, a whole date and a whole count written as a float
+    // are fine; figures no cleaning makes add up without overflowing.
     Prueba p;
     p.escribir(R"([{"tipo":"x","papelera":9223372036854775807,"borrado":9223372036854775807,"fecha":0},)"
-               R"({"fecha":1,"borrado":5,"papelera":0,"tipo":"x"}])");
+               R"({"fecha":1,"borrado":1048576.0,"papelera":0,"tipo":"x"}])");
     EXPECT_EQ(p.abrir().registros().front().fecha, utc(2001, 1, 1));
+    EXPECT_EQ(p.abrir().registros().back().borrado, 1048576);
     EXPECT_EQ(p.abrir().total(), INT64_MAX);
+
+    // A FIFO in place of the file is not waited on.
+    Prueba fifo;
+    fs::create_directories(fifo.archivo.parent_path());
+    ASSERT_EQ(::mkfifo(fifo.archivo.c_str(), 0600), 0);
+    EXPECT_EQ(fifo.abrir().total(), 0);
 
     // A folder where the file should be: nothing read or written, the entry kept in memory.
     const fs::path carpeta = p.casa.crearDir("carpeta/historial.json");
@@ -211,4 +221,18 @@ TEST(HistorialEscritura, MatarElProcesoNuncaDejaUnaMezcla)
             visto = r.back().borrado;
         }
     }
+    // What a killed writer left goes at the next write once it is old; a
+    // fresh one may be another writer's, under way.
+    const fs::path carpeta = p.archivo.parent_path();
+    std::ofstream(carpeta / ".historial.json.Zz99Yy") << "[";
+    for (const auto& e : fs::directory_iterator(carpeta))
+        if (e.path() != p.archivo)
+            p.casa.fecha(fs::relative(e.path(), p.casa.raiz()).string(), system_clock::now() - hours(2));
+    p.casa.archivoCon(fs::relative(carpeta / ".historial.json.Ab12Cd", p.casa.raiz()).string(), "[");
+    Historial(p.archivo).anotar(liberado(1), "limpieza");
+    std::vector<std::string> quedan;
+    for (const auto& e : fs::directory_iterator(carpeta))
+        quedan.push_back(e.path().filename().string());
+    std::sort(quedan.begin(), quedan.end());
+    EXPECT_EQ(quedan, (std::vector<std::string>{".historial.json.Ab12Cd", "historial.json"}));
 }
