@@ -6,6 +6,7 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <grp.h>
+#include <pthread.h>
 #include <sched.h>
 #include <spawn.h>
 #include <sys/mman.h>
@@ -198,6 +199,22 @@ Variable::~Variable()
         ::setenv(nombre_.c_str(), antes_->c_str(), 1);
     else
         ::unsetenv(nombre_.c_str());
+}
+
+void conPilaPequena(const std::function<void()>& f)
+{
+    pthread_attr_t a;
+    ::pthread_attr_init(&a);
+    ::pthread_attr_setstacksize(&a, 512 * 1024);
+    pthread_t hilo;
+    auto llamar = [](void* p) -> void* {
+        (*static_cast<const std::function<void()>*>(p))();
+        return nullptr;
+    };
+    if (::pthread_create(&hilo, &a, llamar, const_cast<std::function<void()>*>(&f)) != 0)
+        throw std::runtime_error("pthread_create");
+    ::pthread_join(hilo, nullptr);
+    ::pthread_attr_destroy(&a);
 }
 
 } // namespace apoyo

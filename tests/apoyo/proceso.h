@@ -46,6 +46,10 @@ bool comoUsuarioSinPrivilegios(const std::filesystem::path& carpeta, const std::
 inline constexpr int sinMontajes = 77;
 int conMontajesPropios(const std::function<int()>& f);
 
+// f on a thread of its own with a 512 KiB stack, which is what a secondary
+// thread gets on macOS: where deep recursion would overflow a worker's stack.
+void conPilaPequena(const std::function<void()>& f);
+
 // The children of this process still present (alive or zombie), by pid.
 std::vector<int> hijosVivos();
 

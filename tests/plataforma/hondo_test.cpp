@@ -11,7 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <fcntl.h>
-#include <pthread.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -37,23 +36,6 @@ void cadena(const fs::path& raiz, int n)
     }
     ASSERT_GE(dir, 0);
     ::close(dir);
-}
-
-// f on a thread of its own with a 512 KiB stack, which is what a secondary
-// thread gets on macOS.
-void conPilaPequena(const std::function<void()>& f)
-{
-    pthread_attr_t a;
-    ::pthread_attr_init(&a);
-    ::pthread_attr_setstacksize(&a, 512 * 1024);
-    pthread_t hilo;
-    auto llamar = [](void* p) -> void* {
-        (*static_cast<const std::function<void()>*>(p))();
-        return nullptr;
-    };
-    ASSERT_EQ(::pthread_create(&hilo, &a, llamar, const_cast<std::function<void()>*>(&f)), 0);
-    ::pthread_join(hilo, nullptr);
-    ::pthread_attr_destroy(&a);
 }
 
 struct Recorrido {
@@ -85,7 +67,7 @@ TEST(Hondo, DiezMilCarpetasUnaDentroDeOtra)
     cadena(cache, 10000);
     Recorrido r;
     plataforma::Vaciado v;
-    conPilaPequena([&] {
+    apoyo::conPilaPequena([&] {
         r = recorrer(cache);
         v = plataforma::vaciar(casa.raiz(), "Library/Caches/hondo");
     });
@@ -102,7 +84,7 @@ TEST(Hondo, DiezMilCarpetasUnaDentroDeOtra)
     struct rlimit pocos = antes;
     pocos.rlim_cur = 64;
     ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &pocos), 0);
-    conPilaPequena([&] {
+    apoyo::conPilaPequena([&] {
         r = recorrer(cache);
         v = plataforma::vaciar(casa.raiz(), "Library/Caches/hondo");
     });
