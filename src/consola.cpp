@@ -61,7 +61,7 @@ std::string informe(const std::vector<Categoria>& categorias, const Entorno& ent
     for (const Categoria& c : categorias) {
         seleccionado += c.tamanoSeleccionado();
         r += rellenar(tr("■ {titulo} — {tamano} [{etiqueta}] seleccionado: {seleccionado}"),
-                      {{"titulo", c.titulo},
+                      {{"titulo", textoVisible(c.titulo)},
                        {"tamano", formatoBytes(c.tamano())},
                        {"etiqueta", etiqueta(c.nivel)},
                        {"seleccionado", formatoBytes(c.tamanoSeleccionado())}}) +
@@ -73,7 +73,7 @@ std::string informe(const std::vector<Categoria>& categorias, const Entorno& ent
             if (e.detalle)
                 r += " — " + textoVisible(*e.detalle);
             if (e.enUso)
-                r += rellenar(tr(" ⚠︎ abierto: {app}"), {{"app", *e.enUso}});
+                r += rellenar(tr(" ⚠︎ abierto: {app}"), {{"app", textoVisible(*e.enUso)}});
             r += '\n';
         }
         if (c.elementos.size() > elementosPorCategoria)

@@ -11,6 +11,8 @@
 #include <unicode/unistr.h>
 #include <unicode/utf8.h>
 
+#include <algorithm>
+
 namespace plataforma {
 
 namespace {
@@ -67,9 +69,30 @@ std::string tr(const char* clave)
 
 std::string textoVisible(std::string_view bytes)
 {
-    if (esAscii(bytes))
-        return std::string(bytes);
-    return QString::fromUtf8(bytes.data(), qsizetype(bytes.size())).toStdString();
+    const std::string utf8 =
+        esAscii(bytes) ? std::string(bytes) : QString::fromUtf8(bytes.data(), qsizetype(bytes.size())).toStdString();
+    // A control character in a name would move a terminal's cursor, clear its
+    // screen or start an escape sequence: each one is shown as its picture
+    // (U+2400 on), the C1 ones (U+0080 to U+009F) as U+FFFD.
+    auto control = [](unsigned char c) { return c < 0x20 || c == 0x7F || c == 0xC2; };
+    if (std::none_of(utf8.begin(), utf8.end(), control))
+        return utf8;
+    std::string r;
+    for (size_t i = 0; i < utf8.size(); ++i) {
+        const auto c = static_cast<unsigned char>(utf8[i]);
+        if (c < 0x20 || c == 0x7F) {
+            const char32_t dibujo = c == 0x7F ? 0x2421 : 0x2400 + c;
+            r += char(0xE0 | dibujo >> 12);
+            r += char(0x80 | (dibujo >> 6 & 0x3F));
+            r += char(0x80 | (dibujo & 0x3F));
+        } else if (c == 0xC2 && i + 1 < utf8.size() && static_cast<unsigned char>(utf8[i + 1]) < 0xA0) {
+            r += "\uFFFD";
+            ++i;
+        } else {
+            r += char(c);
+        }
+    }
+    return r;
 }
 
 std::vector<std::string> idiomasDisponibles()

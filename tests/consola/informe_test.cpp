@@ -28,7 +28,9 @@ TEST(Informe, FormatoExactoTiemposYCasaQueNoExiste)
     CasaPrueba casa;
     // Plain files as items, so each size is exactly the data written.
     casa.archivo("Library/Caches/blob.bin", 366 * 4096);   // 1,499,136 bytes
-    casa.archivo("Library/Caches/ca\xff", 100 * 4096);     // a name that isn't UTF-8
+    // A name that isn't UTF-8, and control characters that would clear the
+    // terminal and print a line of their own.
+    casa.archivo("Library/Caches/ca\xff\x1b[2J\r\nSeleccionado por defecto: 0 KB\xc2\x9b", 100 * 4096);
     casa.archivo("Library/Caches/com.apple.x", 100 * 4096); // never listed
     casa.archivo("Library/Caches/pequeno", 4096);           // under 65,536 bytes
     for (int i = 0; i < 9; ++i)
@@ -42,7 +44,7 @@ TEST(Informe, FormatoExactoTiemposYCasaQueNoExiste)
     EXPECT_EQ(cuerpo(s.salida),
               "■ Cachés de aplicaciones — 1.9 MB [Seguro] seleccionado: 1.9 MB\n"
               "   [x] 1.5 MB     blob.bin\n"
-              "   [x] 410 KB     ca\uFFFD\n"
+              "   [x] 410 KB     ca\uFFFD\u241B[2J\u240D\u240ASeleccionado por defecto: 0 KB\uFFFD\n"
               "■ Registros (logs) — 885 KB [Seguro] seleccionado: 885 KB\n"
               "   [x] 115 KB     r8.log\n"
               "   [x] 111 KB     r7.log\n"
