@@ -205,7 +205,8 @@ struct Escaner {
     agrupar(const std::vector<Candidato>& candidatos,
             const std::function<std::optional<std::string>(const std::string&)>& clave);
     // SHA-256 in hexadecimal of the first and the last 64 KiB, or of the whole
-    // file; absent when it can't be opened.
+    // file (of a file with holes, its data and where the holes are, which are
+    // never read); absent when it can't be opened.
     static std::optional<std::string> huellaParcial(const std::string& ruta);
     static std::optional<std::string> huellaCompleta(const std::string& ruta);
     // Whether the name reads as a copy: "informe (2).pdf", "foto copy 3.jpg".

@@ -7,6 +7,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -193,6 +196,19 @@ TEST(Duplicados, HuellasComoSha256DeLosExtremosODelTodo)
     ASSERT_EQ(::mkfifo(casa.ruta("fifo").c_str(), 0644), 0);
     EXPECT_FALSE(Escaner::huellaParcial(casa.ruta("fifo")));
     EXPECT_FALSE(Escaner::huellaCompleta(casa.ruta("fifo")));
+
+    // Files of a terabyte that are almost all holes: the holes aren't read,
+    // and where the data lies tells them apart.
+    auto disperso = [&](const std::string& nombre, off_t donde) {
+        const fs::path p = casa.disperso(nombre, int64_t(1) << 40);
+        const int fd = ::open(p.c_str(), O_WRONLY);
+        EXPECT_EQ(::pwrite(fd, "datos", 5, donde), 5);
+        ::close(fd);
+        return Escaner::huellaCompleta(p);
+    };
+    const auto a = disperso("a", off_t(1) << 39);
+    EXPECT_EQ(a, disperso("b", off_t(1) << 39));
+    EXPECT_NE(a, disperso("c", off_t(1) << 38));
 }
 
 // What agrupar sees of files that vanished or changed after the walk.
