@@ -215,10 +215,16 @@ QVariant FilasLimpieza::data(const QModelIndex& indice, int rol) const
         return {};
     const Fila& f = filas_[size_t(indice.row())];
     switch (rol) {
-    case tipo:
-        return int(f.tipo);
-    case cabeceraRol:
-        return f.tipo == cabecera ? f.valor : -1;
+    case tipo: {
+        static const QString nombres[] = {QStringLiteral("banner"), QStringLiteral("cabecera"),
+                                          QStringLiteral("categoria"), QStringLiteral("elemento")};
+        return nombres[f.tipo];
+    }
+    case cabeceraRol: {
+        static const QString nombres[] = {QStringLiteral("listas"), QStringLiteral("otras"),
+                                          QStringLiteral("otrasSolas")};
+        return f.tipo == cabecera ? nombres[f.valor] : QString();
+    }
     case indiceCategoria:
         return f.tipo == categoria || f.tipo == elemento ? f.valor : -1;
     case indiceElemento:
@@ -258,10 +264,13 @@ QVariant FilasLimpieza::data(const QModelIndex& indice, int rol) const
         return {};
     }
     if (f.tipo == elemento) {
-        const Elemento& e = estado_->categorias()[size_t(f.valor)].elementos[size_t(f.elemento)];
+        const Categoria& c = estado_->categorias()[size_t(f.valor)];
+        const Elemento& e = c.elementos[size_t(f.elemento)];
         switch (rol) {
         case nivel:
-            return int(estado_->categorias()[size_t(f.valor)].nivel);
+            return int(c.nivel);
+        case cantidad:
+            return int(c.elementos.size());
         case nombre:
             return textoDe(e.nombre);
         case detalle:

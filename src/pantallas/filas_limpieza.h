@@ -30,12 +30,13 @@ class FilasLimpieza : public QAbstractListModel {
     Q_PROPERTY(QStringList abiertas READ abiertas WRITE ponerAbiertas NOTIFY abiertasChanged)
 
 public:
+    // The kinds of rows; for QML, the role tipo names them ("banner",
+    // "cabecera", "categoria", "elemento").
     enum Tipo { banner, cabecera, categoria, elemento };
-    Q_ENUM(Tipo)
     // The header above the suggested categories, above the others when
-    // there were suggestions, and above the others alone.
+    // there were suggestions, and above the others alone; the role cabecera
+    // names them ("listas", "otras", "otrasSolas").
     enum Cabecera { listas, otras, otrasSolas };
-    Q_ENUM(Cabecera)
     enum Rol {
         tipo = Qt::UserRole + 1,
         cabeceraRol,
