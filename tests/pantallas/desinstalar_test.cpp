@@ -111,11 +111,12 @@ TEST(PantallaDesinstalar, ElegirMarcarYDesinstalar)
 }
 
 // An application that runs can't be uninstalled: the warning shows and the
-// button is off, until it ends.
+// button is off, until it ends. Open applications are the machine's, so the
+// running one has an identifier no test run beside this one uses.
 TEST(PantallaDesinstalar, AbiertaNoSeDesinstala)
 {
     VentanaPrueba v;
-    crearApp(v.casa.ruta("Applications/Beta.app"), "org.prueba.beta");
+    crearApp(v.casa.ruta("Applications/Beta.app"), "org.prueba.abierta");
     auto programa = std::make_unique<apoyo::ProgramaEnMarcha>(v.casa.ruta("Applications/Beta.app/Contents/MacOS/beta"));
     EstadoApps* apps = abrirSeccion(v);
     v.pulsar("app-Beta");
