@@ -22,6 +22,9 @@ paquetes=(
   qml6-module-qtquick-controls qml6-module-qtquick-templates qml6-module-qtquick-layouts
   qml6-module-qtquick-shapes qml6-module-qtquick-window qml6-module-qttest
   fonts-material-design-icons-iconfont
+  # the desktop widget: a rounded face for its figures, and the X11 library
+  # through which it asks the window manager for its place
+  fonts-quicksand libxcb1-dev
   libicu-dev libssl-dev libplist-dev libtbb-dev nlohmann-json3-dev libglib2.0-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   # the demo home writes binary property lists with plistutil

@@ -6,6 +6,8 @@
 #include "nucleo/entorno.h"
 #include "nucleo/textos.h"
 #include "plataforma/sistema.h"
+#include "widget/anfitrion.h"
+#include "widget/imagenes.h"
 
 #include <QCoreApplication>
 #include <QtQml/qqmlextensionplugin.h>
@@ -13,6 +15,8 @@
 #include <algorithm>
 #include <clocale>
 #include <cstdio>
+#include <filesystem>
+#include <optional>
 #include <string_view>
 
 namespace {
@@ -42,12 +46,26 @@ std::string ayuda()
               "  --scan            analiza y muestra el informe; no cambia nada\n"
               "  --clean-defaults  analiza, muestra el informe y limpia lo seleccionado por defecto\n"
               "  --clean-all       analiza, muestra el informe, selecciona todo y limpia\n"
+              "  --widget-png CARPETA [--ejemplo]\n"
+              "                    guarda el widget en sus tres tamaños, claro y oscuro, como PNG en\n"
+              "                    CARPETA; con --ejemplo, con cifras de muestra en vez de las del disco\n"
+              "  --widget [chico|mediano|grande]\n"
+              "                    pone el widget en el escritorio, con el tamaño dado o el de la última vez\n"
               "  --help            muestra esta ayuda\n"
               "  --version         muestra la versión\n"
               "\n"
               "Limpiar desde la terminal solo funciona en modo de prueba: con VORLANO_HOME apuntando a una\n"
               "carpeta, Vorlano trabaja allí como si fuera tu carpeta personal y no toca nada más.\n"
               "VORLANO_TIEMPOS muestra en la salida de errores cuánto tarda cada etapa del análisis.\n");
+}
+
+// The folder after the first --widget-png; none when it is the last argument.
+std::optional<std::filesystem::path> carpetaImagenes(int argc, char** argv)
+{
+    const auto f = std::find_if(argv + 1, argv + argc, [](const char* a) { return std::string_view(a) == "--widget-png"; });
+    if (f == argv + argc || f + 1 == argv + argc)
+        return std::nullopt;
+    return std::filesystem::path(*(f + 1));
 }
 
 bool esTerminal(int argc, char** argv)
@@ -69,8 +87,14 @@ int main(int argc, char** argv)
     if (const Entorno e = Entorno::actual(); e.prueba)
         plataforma::aislarEnCarpeta(e.home);
 
-    if (!esTerminal(argc, argv))
+    if (const auto carpeta = carpetaImagenes(argc, argv))
+        return ejecutarImagenesWidget(argc, argv, *carpeta, tiene(argc, argv, "--ejemplo"));
+
+    if (!esTerminal(argc, argv)) {
+        if (tiene(argc, argv, "--widget"))
+            return ejecutarAnfitrionWidget(argc, argv);
         VorlanoApp::main(argc, argv);
+    }
 
     QCoreApplication app(argc, argv);
     // Qt sets the C locale from the environment; numbers we print with printf

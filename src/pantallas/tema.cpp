@@ -5,6 +5,7 @@
 #include "plataforma/escritorio.h"
 
 #include <QEvent>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QJSEngine>
 #include <QPalette>
@@ -46,11 +47,18 @@ bool Tema::eventFilter(QObject* objeto, QEvent* evento)
     return false;
 }
 
+void Tema::fijarEsquema(std::optional<bool> oscuro)
+{
+    esquema_ = oscuro;
+    leerPaleta();
+}
+
 void Tema::leerPaleta()
 {
     // Dark when the desktop's window colour is darker than its text.
     const QPalette p = QGuiApplication::palette();
-    const bool oscuro = p.color(QPalette::Window).lightnessF() < p.color(QPalette::WindowText).lightnessF();
+    const bool oscuro =
+        esquema_.value_or(p.color(QPalette::Window).lightnessF() < p.color(QPalette::WindowText).lightnessF());
     if (oscuro == oscuro_)
         return;
     oscuro_ = oscuro;
@@ -79,6 +87,14 @@ QColor Tema::verde() const { return oscuro_ ? QColor(0x30, 0xd1, 0x58) : qcolor(
 QColor Tema::naranja() const { return oscuro_ ? QColor(0xff, 0x9f, 0x0a) : qcolor(Colores::naranja); }
 QColor Tema::rojo() const { return oscuro_ ? QColor(0xff, 0x45, 0x3a) : qcolor(Colores::rojo); }
 QColor Tema::indigo() const { return oscuro_ ? QColor(0x5e, 0x5c, 0xe6) : qcolor(Colores::indigo); }
+
+QString Tema::letraRedonda() const
+{
+    // Debian's fonts-quicksand; where it is missing, the usual face.
+    static const QString familia =
+        QFontDatabase::hasFamily(QStringLiteral("Quicksand")) ? QStringLiteral("Quicksand") : QString();
+    return familia;
+}
 
 QColor Tema::colorNivel(int nivel) const
 {

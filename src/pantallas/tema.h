@@ -13,6 +13,8 @@
 #include <QVariantList>
 #include <QtQml/qqmlregistration.h>
 
+#include <optional>
+
 class QQmlEngine;
 class QJSEngine;
 
@@ -48,6 +50,8 @@ class Tema : public QObject {
     Q_PROPERTY(int letraTitular READ letraTitular CONSTANT)
     Q_PROPERTY(int letraTitulo READ letraTitulo CONSTANT)
     Q_PROPERTY(int letraCifra READ letraCifra CONSTANT)
+    // The family of large figures: a rounded face where one is installed.
+    Q_PROPERTY(QString letraRedonda READ letraRedonda CONSTANT)
     // The user asked the desktop for less motion: animations end at once.
     Q_PROPERTY(bool movimientoReducido READ movimientoReducido CONSTANT)
 
@@ -81,6 +85,7 @@ public:
     int letraTitular() const { return 16; }
     int letraTitulo() const { return 24; }
     int letraCifra() const { return 30; }
+    QString letraRedonda() const;
     bool movimientoReducido() const { return movimientoReducido_; }
 
     // The colour of a safety level (0 green, 1 orange, 2 red).
@@ -93,6 +98,10 @@ public:
 
     static QColor qcolor(const Color& c);
 
+    // Light or dark whatever the desktop says, for pictures drawn in both;
+    // nullopt follows the palette again.
+    void fijarEsquema(std::optional<bool> oscuro);
+
 Q_SIGNALS:
     void cambiado();
 
@@ -104,5 +113,6 @@ private:
     void leerPaleta();
 
     bool oscuro_ = false;
+    std::optional<bool> esquema_;
     bool movimientoReducido_ = false;
 };

@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QString>
 
+class QWindow;
+
 #include <cstdint>
 #include <filesystem>
 #include <map>
@@ -42,6 +44,25 @@ private:
 
 // Asks the desktop widget to draw itself again.
 void recargarWidgets();
+
+// Hears recargarWidgets() of any program of the user's session. Without a
+// session bus it never fires.
+class RecargaWidgets : public QObject {
+    Q_OBJECT
+public:
+    explicit RecargaWidgets(QObject* padre = nullptr);
+
+Q_SIGNALS:
+    void recargar();
+};
+
+// Before the GUI application object of the desktop widget: the display
+// system in which a window can keep its place on the desktop.
+void elegirPlataformaWidget();
+
+// Makes a window a desktop widget before it is first shown: no frame, below
+// other windows, on every workspace, off the task bar and the pager.
+void ponerEnEscritorio(QWindow* ventana);
 
 // Shows the entry selected in the desktop's file manager, or, where none
 // answers, opens the folder that holds it. Returns at once.

@@ -20,11 +20,14 @@ std::filesystem::path rutaInstancia(const std::filesystem::path& home, bool prue
 // quickly, when nobody listens there (no socket, or one left by a crash).
 bool entregarAInstancia(const std::filesystem::path& ruta, std::string_view mensaje);
 
-// Whether the program opens when the user logs in.
-bool inicioSesionActivo();
+// What can open when the user logs in: the program, or its desktop widget.
+enum class Arranque { programa, widget };
+
+// Whether it opens when the user logs in.
+bool inicioSesionActivo(Arranque a = Arranque::programa);
 
 // Makes it open, or not, at login. Absent on success, else the reason.
-std::optional<std::string> cambiarInicioSesion(bool activo);
+std::optional<std::string> cambiarInicioSesion(bool activo, Arranque a = Arranque::programa);
 
 // Whether a graphical desktop can be reached: a display, or a Qt platform
 // chosen by hand (offscreen, for tests and servers).

@@ -28,9 +28,10 @@ namespace {
 // How long a second start waits for the running instance to take its links.
 constexpr int esperaMs = 2000;
 
-fs::path entradaAutostart()
+fs::path entradaAutostart(Arranque a)
 {
-    return carpetaBase(Base::config, carpetaPersonalReal(), false) / "autostart/vorlano.desktop";
+    return carpetaBase(Base::config, carpetaPersonalReal(), false) /
+           (a == Arranque::widget ? "autostart/vorlano-widget.desktop" : "autostart/vorlano.desktop");
 }
 
 // A path as one quoted argument of a desktop entry's Exec key: quoting first,
@@ -121,9 +122,9 @@ bool entregarAInstancia(const fs::path& ruta, std::string_view mensaje)
     return hecho;
 }
 
-bool inicioSesionActivo()
+bool inicioSesionActivo(Arranque a)
 {
-    const auto texto = leerArchivo(entradaAutostart(), 65536);
+    const auto texto = leerArchivo(entradaAutostart(a), 65536);
     if (!texto)
         return false;
     // An entry the user's session turned off stays in place, switched off.
@@ -139,9 +140,9 @@ bool inicioSesionActivo()
     return true;
 }
 
-std::optional<std::string> cambiarInicioSesion(bool activo)
+std::optional<std::string> cambiarInicioSesion(bool activo, Arranque a)
 {
-    const fs::path entrada = entradaAutostart();
+    const fs::path entrada = entradaAutostart(a);
     if (!activo) {
         if (::unlink(entrada.c_str()) != 0 && errno != ENOENT)
             return errorDelSistema();
@@ -156,9 +157,11 @@ std::optional<std::string> cambiarInicioSesion(bool activo)
     fs::create_directories(entrada.parent_path(), ec);
     const std::string contenido = "[Desktop Entry]\n"
                                   "Type=Application\n"
-                                  "Name=Vorlano\n"
+                                  "Name=" +
+                                  (a == Arranque::widget ? std::string("Vorlano (widget)") : std::string("Vorlano")) +
+                                  "\n"
                                   "Exec=" +
-                                  argumentoExec(programa.native()) +
+                                  argumentoExec(programa.native()) + (a == Arranque::widget ? " --widget" : "") +
                                   "\n"
                                   "Icon=vorlano\n"
                                   "X-GNOME-Autostart-enabled=true\n";
