@@ -31,11 +31,10 @@ constexpr qreal radio = 22;
 
 // The widget alone, with its rounded corners and the margin around it
 // transparent: an offscreen window has no alpha channel of its own.
-QImage recortar(QImage ventana)
+QImage recortar(QImage ventana, qreal escala)
 {
     if (ventana.isNull())
         return {};
-    const qreal escala = ventana.devicePixelRatio();
     ventana.setDevicePixelRatio(1);
     QImage r(ventana.size(), QImage::Format_ARGB32_Premultiplied);
     r.fill(Qt::transparent);
@@ -71,7 +70,7 @@ QImage dibujar(QQmlComponent& componente, const EntradaDisco& entrada, Familia f
     QCoreApplication::processEvents();
     ventana.grabWindow();
     QCoreApplication::processEvents();
-    return recortar(ventana.grabWindow());
+    return recortar(ventana.grabWindow(), ventana.devicePixelRatio());
 }
 
 QByteArray png(const QImage& imagen)

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The widget's host on the offscreen platform, over the test's own session
+// bus: it redraws when the program says so, its controls hand their links to
+// the running program, and it keeps its size, its place and its login entry.
+#include "widget/anfitrion.h"
+
+#include "apoyo/casa.h"
+#include "apoyo/proceso.h"
+#include "app/instancia.h"
+#include "plataforma/escritorio.h"
+#include "plataforma/sesion.h"
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QQuickItem>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+
+// Runs the event loop until cond holds; the bound only stops a broken test.
+bool hasta(const std::function<bool()>& cond)
+{
+    QDeadlineTimer limite(60'000);
+    while (!cond() && !limite.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+    return cond();
+}
+
+QQuickItem* buscar(QQuickItem* i, const QString& nombre)
+{
+    if (i->objectName() == nombre)
+        return i;
+    for (QQuickItem* h : i->childItems())
+        if (QQuickItem* r = buscar(h, nombre))
+            return r;
+    return nullptr;
+}
+
+QAction* accion(AnfitrionWidget& a, const char* nombre)
+{
+    for (QAction* x : a.menu().actions())
+        if (x->objectName() == QLatin1String(nombre))
+            return x;
+    return nullptr;
+}
+
+} // namespace
+
+TEST(AnfitrionWidget, RedibujaYAbreEnlaces)
+{
+    apoyo::CasaPrueba casa;
+    apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
+    // The program, listening as a running one does.
+    Instancia programa(plataforma::rutaInstancia(casa.raiz(), true));
+    ASSERT_TRUE(programa.escuchar());
+    QSignalSpy recibidos(&programa, &Instancia::recibido);
+
+    AnfitrionWidget anfitrion(VORLANO_BIN, Familia::mediano);
+    anfitrion.mostrar();
+    QQuickView& v = anfitrion.ventana();
+    ASSERT_TRUE(hasta([&] { return v.isExposed(); }));
+    EXPECT_EQ(v.size(), QSize(364, 170));
+    for (const auto bandera : {Qt::FramelessWindowHint, Qt::WindowStaysOnBottomHint, Qt::Tool})
+        EXPECT_TRUE(v.flags().testFlag(bandera)) << bandera;
+
+    // Each reload of the program, a cleaning say, is one redraw.
+    QSignalSpy refrescos(&anfitrion, &AnfitrionWidget::refrescado);
+    for (int i = 1; i <= 3; ++i) {
+        plataforma::recargarWidgets();
+        EXPECT_TRUE(hasta([&] { return refrescos.count() == i; })) << i;
+    }
+
+    // A click on the map button hands vorlano://mapa to the program.
+    QQuickItem* boton = buscar(v.rootObject(), QStringLiteral("vorlano://mapa"));
+    ASSERT_NE(boton, nullptr);
+    QTest::mouseClick(&v, Qt::LeftButton, {}, boton->mapToScene(QPointF(boton->width() / 2, boton->height() / 2)).toPoint());
+    ASSERT_TRUE(hasta([&] { return recibidos.count() == 1; }));
+    EXPECT_EQ(recibidos.at(0).at(0).toStringList(), QStringList{QStringLiteral("vorlano://mapa")});
+    // And one on the ring, the summary.
+    QQuickItem* anillo = buscar(v.rootObject(), QStringLiteral("anilloResumen"));
+    ASSERT_NE(anillo, nullptr);
+    QTest::mouseClick(&v, Qt::LeftButton, {}, anillo->mapToScene(QPointF(anillo->width() / 2, anillo->height() / 2)).toPoint());
+    ASSERT_TRUE(hasta([&] { return recibidos.count() == 2; }));
+    EXPECT_EQ(recibidos.at(1).at(0).toStringList(), QStringList{QStringLiteral("vorlano://resumen")});
+    EXPECT_EQ(refrescos.count(), 3);
+}
+
+TEST(AnfitrionWidget, RecuerdaTamanoLugarEInicio)
+{
+    apoyo::CasaPrueba casa;
+    apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
+    {
+        AnfitrionWidget anfitrion(VORLANO_BIN, std::nullopt);
+        EXPECT_EQ(anfitrion.familia(), Familia::chico);
+        anfitrion.mostrar();
+        EXPECT_EQ(anfitrion.ventana().size(), QSize(170, 170));
+        accion(anfitrion, "grande")->trigger();
+        EXPECT_EQ(anfitrion.ventana().size(), QSize(364, 382));
+        anfitrion.ventana().setPosition(100, 120);
+
+        // The login entry, turned on and off from the menu.
+        QAction* inicio = accion(anfitrion, "inicioSesion");
+        ASSERT_NE(inicio, nullptr);
+        inicio->trigger();
+        EXPECT_TRUE(plataforma::inicioSesionActivo(plataforma::Arranque::widget));
+        EXPECT_FALSE(plataforma::inicioSesionActivo(plataforma::Arranque::programa));
+        const std::string entrada =
+            apoyo::leer(std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "autostart/vorlano-widget.desktop");
+        EXPECT_NE(entrada.find(" --widget\n"), std::string::npos) << entrada;
+        inicio->trigger();
+        EXPECT_FALSE(plataforma::inicioSesionActivo(plataforma::Arranque::widget));
+    }
+    AnfitrionWidget otra(VORLANO_BIN, std::nullopt);
+    EXPECT_EQ(otra.familia(), Familia::grande);
+    otra.mostrar();
+    EXPECT_EQ(otra.ventana().size(), QSize(364, 382));
+    EXPECT_EQ(otra.ventana().position(), QPoint(100, 120));
+    // A family asked for on the command line wins, and is kept.
+    EXPECT_EQ(AnfitrionWidget(VORLANO_BIN, Familia::mediano).familia(), Familia::mediano);
+    EXPECT_EQ(AnfitrionWidget(VORLANO_BIN, std::nullopt).familia(), Familia::mediano);
+}
