@@ -7,37 +7,18 @@
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
 #include "app/instancia.h"
+#include "estado/comun.h"
+#include "widget/comun.h"
 #include "plataforma/escritorio.h"
 #include "plataforma/sesion.h"
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QQuickItem>
 #include <QSignalSpy>
 #include <QTest>
 
 namespace {
-
-// Runs the event loop until cond holds; the bound only stops a broken test.
-bool hasta(const std::function<bool()>& cond)
-{
-    QDeadlineTimer limite(60'000);
-    while (!cond() && !limite.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-    return cond();
-}
-
-QQuickItem* buscar(QQuickItem* i, const QString& nombre)
-{
-    if (i->objectName() == nombre)
-        return i;
-    for (QQuickItem* h : i->childItems())
-        if (QQuickItem* r = buscar(h, nombre))
-            return r;
-    return nullptr;
-}
 
 QAction* accion(AnfitrionWidget& a, const char* nombre)
 {
@@ -61,7 +42,7 @@ TEST(AnfitrionWidget, RedibujaYAbreEnlaces)
     AnfitrionWidget anfitrion(VORLANO_BIN, Familia::mediano);
     anfitrion.mostrar();
     QQuickView& v = anfitrion.ventana();
-    ASSERT_TRUE(hasta([&] { return v.isExposed(); }));
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&v));
     EXPECT_EQ(v.size(), QSize(364, 170));
     for (const auto bandera : {Qt::FramelessWindowHint, Qt::WindowStaysOnBottomHint, Qt::Tool})
         EXPECT_TRUE(v.flags().testFlag(bandera)) << bandera;
@@ -70,20 +51,20 @@ TEST(AnfitrionWidget, RedibujaYAbreEnlaces)
     QSignalSpy refrescos(&anfitrion, &AnfitrionWidget::refrescado);
     for (int i = 1; i <= 3; ++i) {
         plataforma::recargarWidgets();
-        EXPECT_TRUE(hasta([&] { return refrescos.count() == i; })) << i;
+        EXPECT_TRUE(esperar(refrescos, i)) << i;
     }
 
     // A click on the map button hands vorlano://mapa to the program.
     QQuickItem* boton = buscar(v.rootObject(), QStringLiteral("vorlano://mapa"));
     ASSERT_NE(boton, nullptr);
     QTest::mouseClick(&v, Qt::LeftButton, {}, boton->mapToScene(QPointF(boton->width() / 2, boton->height() / 2)).toPoint());
-    ASSERT_TRUE(hasta([&] { return recibidos.count() == 1; }));
+    ASSERT_TRUE(esperar(recibidos, 1));
     EXPECT_EQ(recibidos.at(0).at(0).toStringList(), QStringList{QStringLiteral("vorlano://mapa")});
     // And one on the ring, the summary.
     QQuickItem* anillo = buscar(v.rootObject(), QStringLiteral("anilloResumen"));
     ASSERT_NE(anillo, nullptr);
     QTest::mouseClick(&v, Qt::LeftButton, {}, anillo->mapToScene(QPointF(anillo->width() / 2, anillo->height() / 2)).toPoint());
-    ASSERT_TRUE(hasta([&] { return recibidos.count() == 2; }));
+    ASSERT_TRUE(esperar(recibidos, 2));
     EXPECT_EQ(recibidos.at(1).at(0).toStringList(), QStringList{QStringLiteral("vorlano://resumen")});
     EXPECT_EQ(refrescos.count(), 3);
 }

@@ -8,6 +8,7 @@
 #include "mapa/baldosas.h"
 #include "pantallas/tema.h"
 #include "plataforma/sistema.h"
+#include "widget/comun.h"
 
 #include <gtest/gtest.h>
 
@@ -124,7 +125,7 @@ public:
     }
 
     // Items of that objectName, shown or not.
-    QQuickItem* buscar(const QString& nombre) const { return buscarEn(ventana_.contentItem(), nombre); }
+    QQuickItem* buscar(const QString& nombre) const { return ::buscar(ventana_.contentItem(), nombre); }
     bool visible(const char* nombre) const
     {
         const QQuickItem* i = buscar(QLatin1String(nombre));
@@ -132,16 +133,6 @@ public:
     }
 
 private:
-    static QQuickItem* buscarEn(QQuickItem* i, const QString& nombre)
-    {
-        if (i->objectName() == nombre)
-            return i;
-        for (QQuickItem* h : i->childItems())
-            if (QQuickItem* r = buscarEn(h, nombre))
-                return r;
-        return nullptr;
-    }
-
     QQmlEngine motor_;
     QQuickWindow ventana_;
     std::unique_ptr<QObject> objeto_;
