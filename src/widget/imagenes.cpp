@@ -123,6 +123,9 @@ int ejecutarImagenesWidget(int argc, char** argv, const std::filesystem::path& c
     ::setenv("QT_SCALE_FACTOR", "2", 1);
     ::unsetenv("QT_SCREEN_SCALE_FACTORS");
     ::unsetenv("QT_ENABLE_HIGHDPI_SCALING");
+    // The run reports nothing but the paths: not even Qt's own complaints
+    // (a missing runtime folder, say) reach the terminal.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     QGuiApplication app(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
     instalarTraducciones();

@@ -54,8 +54,9 @@ TEST(ImagenesWidget, SeisImagenesSinPantalla)
     apoyo::CasaPrueba casa;
     const fs::path carpeta = casa.ruta("fotos/nuevas");
     const auto r = exportar(casa, {"--widget-png", carpeta.string(), "--ejemplo"});
-    EXPECT_EQ(r.estado, 0) << r.errores;
+    EXPECT_EQ(r.estado, 0);
     EXPECT_EQ(r.salida, lineas(carpeta));
+    EXPECT_EQ(r.errores, "");
 
     const std::pair<int, int> tamanos[] = {{420, 420}, {808, 420}, {808, 844}};
     // Top and bottom of the background's gradient, light then dark.
@@ -115,6 +116,7 @@ TEST(ImagenesWidget, CarpetasInservibles)
         const auto r = exportar(casa, {"--widget-png", carpeta.string()});
         EXPECT_EQ(r.estado, 0) << carpeta;
         EXPECT_EQ(r.salida, lineas(carpeta));
+        EXPECT_EQ(r.errores, "");
     }
     EXPECT_EQ(apoyo::leer(archivo), "no es una carpeta");
     EXPECT_EQ(apoyo::huellas(casa.raiz()).size(), 2u);
