@@ -5,8 +5,10 @@
 
 #include <limits>
 
+// The native format is an INI file named Vorlano.conf on Linux and the
+// defaults store on a Mac.
 Preferencias::Preferencias()
-    : almacen_(std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Vorlano"),
+    : almacen_(std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Vorlano"),
                                            QStringLiteral("Vorlano")))
 {
 }

@@ -37,7 +37,7 @@ QString q(const std::string& s)
 AnfitrionWidget::AnfitrionWidget(std::filesystem::path programa, std::optional<Familia> familia, QObject* padre)
     : QObject(padre),
       programa_(std::move(programa)),
-      ajustes_(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("Vorlano"), QStringLiteral("Widget")),
+      ajustes_(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("Vorlano"), QStringLiteral("Widget")),
       familia_(familia.value_or(familiaDe(ajustes_.value(claveFamilia).toString().toStdString())))
 {
     if (familia)

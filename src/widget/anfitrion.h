@@ -6,7 +6,7 @@
 // user chose. It takes new figures every minute and at once when the program
 // says it cleaned or moved something to the Trash; its controls open the
 // program through vorlano:// links. Its size and place are kept in
-// Vorlano/Widget.ini under the config home.
+// Vorlano/Widget.conf under the config home.
 
 #include "plataforma/escritorio.h"
 #include "widget/entrada_disco.h"
