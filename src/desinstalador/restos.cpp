@@ -34,19 +34,19 @@ struct Lugar {
 };
 
 constexpr Lugar lugares[] = {
-    {"Library/Application Support", "Datos de la app", Regla::idONombre},
-    {"Library/Caches", "Cachés", Regla::idONombre},
-    {"Library/Logs", "Registros", Regla::idONombre},
-    {"Library/Preferences", "Preferencias", Regla::preferencias},
-    {"Library/Preferences/ByHost", "Preferencias", Regla::idPunto},
-    {"Library/Saved Application State", "Estado de ventanas", Regla::estadoVentanas},
-    {"Library/HTTPStorages", "Datos web", Regla::idOIdPunto},
-    {"Library/WebKit", "Datos web", Regla::igualId},
-    {"Library/Cookies", "Cookies", Regla::cookies},
-    {"Library/Application Scripts", "Scripts", Regla::igualId},
-    {"Library/LaunchAgents", "Inicio automático", Regla::agente},
-    {"Library/Containers", "Contenedor", Regla::igualId},
-    {"Library/Group Containers", "Contenedor compartido", Regla::grupo},
+    {"Library/Application Support", QT_TRANSLATE_NOOP("Vorlano", "Datos de la app"), Regla::idONombre},
+    {"Library/Caches", QT_TRANSLATE_NOOP("Vorlano", "Cachés"), Regla::idONombre},
+    {"Library/Logs", QT_TRANSLATE_NOOP("Vorlano", "Registros"), Regla::idONombre},
+    {"Library/Preferences", QT_TRANSLATE_NOOP("Vorlano", "Preferencias"), Regla::preferencias},
+    {"Library/Preferences/ByHost", QT_TRANSLATE_NOOP("Vorlano", "Preferencias"), Regla::idPunto},
+    {"Library/Saved Application State", QT_TRANSLATE_NOOP("Vorlano", "Estado de ventanas"), Regla::estadoVentanas},
+    {"Library/HTTPStorages", QT_TRANSLATE_NOOP("Vorlano", "Datos web"), Regla::idOIdPunto},
+    {"Library/WebKit", QT_TRANSLATE_NOOP("Vorlano", "Datos web"), Regla::igualId},
+    {"Library/Cookies", QT_TRANSLATE_NOOP("Vorlano", "Cookies"), Regla::cookies},
+    {"Library/Application Scripts", QT_TRANSLATE_NOOP("Vorlano", "Scripts"), Regla::igualId},
+    {"Library/LaunchAgents", QT_TRANSLATE_NOOP("Vorlano", "Inicio automático"), Regla::agente},
+    {"Library/Containers", QT_TRANSLATE_NOOP("Vorlano", "Contenedor"), Regla::igualId},
+    {"Library/Group Containers", QT_TRANSLATE_NOOP("Vorlano", "Contenedor compartido"), Regla::grupo},
 };
 
 bool pertenece(Regla regla, const std::string& n, const std::string& id, const std::set<std::string>& nombres)

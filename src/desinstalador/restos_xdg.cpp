@@ -76,14 +76,17 @@ void Desinstalador::restosDeEscritorio(const AppInstalada& app, std::vector<Elem
     const fs::path datos = entorno.base(plataforma::Base::datos);
     const fs::path config = entorno.base(plataforma::Base::config);
     const Lugar lugares[] = {
-        {config, "Configuración", Criterio::idONombre, {}},
-        {datos, "Datos de la app", Criterio::idONombre, {}},
-        {entorno.base(plataforma::Base::cache), "Cachés", Criterio::idONombre, {}},
-        {entorno.base(plataforma::Base::estado), "Estado de la app", Criterio::idONombre, {}},
-        {entorno.ruta(".var/app"), "Datos de la app (Flatpak)", Criterio::soloId, TipoApp::flatpak},
-        {entorno.ruta("snap"), "Datos de la app (Snap)", Criterio::soloId, TipoApp::snap},
-        {config / "autostart", "Inicio automático", Criterio::entrada, {}},
-        {datos / "applications", "Acceso en el menú de aplicaciones", Criterio::entrada, {}},
+        {config, QT_TRANSLATE_NOOP("Vorlano", "Configuración"), Criterio::idONombre, {}},
+        {datos, QT_TRANSLATE_NOOP("Vorlano", "Datos de la app"), Criterio::idONombre, {}},
+        {entorno.base(plataforma::Base::cache), QT_TRANSLATE_NOOP("Vorlano", "Cachés"), Criterio::idONombre, {}},
+        {entorno.base(plataforma::Base::estado), QT_TRANSLATE_NOOP("Vorlano", "Estado de la app"), Criterio::idONombre,
+         {}},
+        {entorno.ruta(".var/app"), QT_TRANSLATE_NOOP("Vorlano", "Datos de la app (Flatpak)"), Criterio::soloId,
+         TipoApp::flatpak},
+        {entorno.ruta("snap"), QT_TRANSLATE_NOOP("Vorlano", "Datos de la app (Snap)"), Criterio::soloId, TipoApp::snap},
+        {config / "autostart", QT_TRANSLATE_NOOP("Vorlano", "Inicio automático"), Criterio::entrada, {}},
+        {datos / "applications", QT_TRANSLATE_NOOP("Vorlano", "Acceso en el menú de aplicaciones"), Criterio::entrada,
+         {}},
     };
     // The programs of an AppImage or of a home program lie at or inside its url.
     const bool porPrograma = app.tipo == TipoApp::appImage || app.tipo == TipoApp::enCasa;
@@ -151,7 +154,7 @@ void Desinstalador::restosDeEscritorio(const AppInstalada& app, std::vector<Elem
     for (const std::string& i : iconosAjenos)
         iconosSuyos.erase(i);
     for (fs::path& p : iconos(datos, iconosSuyos))
-        halladas.emplace_back(std::move(p), "Icono");
+        halladas.emplace_back(std::move(p), QT_TRANSLATE_NOOP("Vorlano", "Icono"));
 
     for (auto& [url, detalle] : halladas) {
         if (!usados.insert(url.native()).second)

@@ -27,20 +27,24 @@ struct FilaArtefacto {
 // Rows of one name are tried in order; a name that passes none of its rows is
 // an ordinary folder.
 constexpr FilaArtefacto artefactos[] = {
-    {"node_modules", Marcas::ninguna, {}, "Dependencias de Node", true},
-    {".venv", Marcas::alguna, {"pyproject.toml", "requirements.txt"}, "Entorno de Python", true},
-    {"venv", Marcas::alguna, {"pyproject.toml", "requirements.txt"}, "Entorno de Python", true},
-    {".next", Marcas::ninguna, {}, "Caché de Next.js", false},
-    {".turbo", Marcas::ninguna, {}, "Caché de Turborepo", false},
-    {".parcel-cache", Marcas::ninguna, {}, "Caché de Parcel", false},
-    {".svelte-kit", Marcas::ninguna, {}, "Caché de SvelteKit", false},
-    {".nuxt", Marcas::ninguna, {}, "Caché de Nuxt", false},
-    {"DerivedData", Marcas::ninguna, {}, "Compilación de Xcode", false},
-    {"dist", Marcas::alguna, {"package.json"}, "Compilación (dist)", false},
-    {"build", Marcas::alguna, {"package.json"}, "Compilación (build)", false},
-    {"build", Marcas::alguna, {"build.gradle", "build.gradle.kts"}, "Compilación de Gradle", false},
-    {"target", Marcas::alguna, {"Cargo.toml"}, "Compilación de Rust", false},
-    {"Library", Marcas::todas, {"Assets", "ProjectSettings"}, "Caché de Unity (Library)", false},
+    {"node_modules", Marcas::ninguna, {}, QT_TRANSLATE_NOOP("Vorlano", "Dependencias de Node"), true},
+    {".venv", Marcas::alguna, {"pyproject.toml", "requirements.txt"}, QT_TRANSLATE_NOOP("Vorlano", "Entorno de Python"),
+     true},
+    {"venv", Marcas::alguna, {"pyproject.toml", "requirements.txt"}, QT_TRANSLATE_NOOP("Vorlano", "Entorno de Python"),
+     true},
+    {".next", Marcas::ninguna, {}, QT_TRANSLATE_NOOP("Vorlano", "Caché de Next.js"), false},
+    {".turbo", Marcas::ninguna, {}, QT_TRANSLATE_NOOP("Vorlano", "Caché de Turborepo"), false},
+    {".parcel-cache", Marcas::ninguna, {}, QT_TRANSLATE_NOOP("Vorlano", "Caché de Parcel"), false},
+    {".svelte-kit", Marcas::ninguna, {}, QT_TRANSLATE_NOOP("Vorlano", "Caché de SvelteKit"), false},
+    {".nuxt", Marcas::ninguna, {}, QT_TRANSLATE_NOOP("Vorlano", "Caché de Nuxt"), false},
+    {"DerivedData", Marcas::ninguna, {}, QT_TRANSLATE_NOOP("Vorlano", "Compilación de Xcode"), false},
+    {"dist", Marcas::alguna, {"package.json"}, QT_TRANSLATE_NOOP("Vorlano", "Compilación (dist)"), false},
+    {"build", Marcas::alguna, {"package.json"}, QT_TRANSLATE_NOOP("Vorlano", "Compilación (build)"), false},
+    {"build", Marcas::alguna, {"build.gradle", "build.gradle.kts"},
+     QT_TRANSLATE_NOOP("Vorlano", "Compilación de Gradle"), false},
+    {"target", Marcas::alguna, {"Cargo.toml"}, QT_TRANSLATE_NOOP("Vorlano", "Compilación de Rust"), false},
+    {"Library", Marcas::todas, {"Assets", "ProjectSettings"}, QT_TRANSLATE_NOOP("Vorlano", "Caché de Unity (Library)"),
+     false},
 };
 
 // Whether an entry of that name lies in the folder; a link counts as itself.

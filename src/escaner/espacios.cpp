@@ -133,12 +133,12 @@ std::optional<Proyecto> proyectoDe(const std::filesystem::path& carpeta)
 // The row standing for one list of state folders: the name's text, then the
 // detail's for one folder and for several.
 Elemento fila(const Editor& ed, std::vector<std::filesystem::path> carpetas, bool seleccionar,
-              const char* nombre, const char* uno, const char* varios)
+              const std::string& nombre, const std::string& uno, const std::string& varios)
 {
     Elemento e;
     e.url = carpetas.front();
-    e.nombre = rellenar(tr(nombre), {{"editor", ed.nombre}});
-    e.detalle = carpetas.size() == 1 ? tr(uno) : rellenar(tr(varios), {{"n", std::to_string(carpetas.size())}});
+    e.nombre = rellenar(nombre, {{"editor", ed.nombre}});
+    e.detalle = carpetas.size() == 1 ? uno : rellenar(varios, {{"n", std::to_string(carpetas.size())}});
     e.seleccionado = seleccionar;
     e.bundles = {ed.bundle};
     e.revisarUso = true;
@@ -189,12 +189,12 @@ std::vector<Elemento> Escaner::espaciosDeTrabajo(Fecha ahora) const
             ::closedir(d);
         }
         if (!borrados.empty())
-            r.push_back(fila(ed, std::move(borrados), true, "{editor} · proyectos que ya no existen",
-                             "Datos de 1 proyecto borrado o movido", "Datos de {n} proyectos borrados o movidos"));
+            r.push_back(fila(ed, std::move(borrados), true, tr("{editor} · proyectos que ya no existen"),
+                             tr("Datos de 1 proyecto borrado o movido"), tr("Datos de {n} proyectos borrados o movidos")));
         if (!viejos.empty())
-            r.push_back(fila(ed, std::move(viejos), false, "{editor} · proyectos sin abrir hace más de 3 meses",
-                             "Se pierden las pestañas abiertas y ajustes de ese proyecto",
-                             "Se pierden las pestañas abiertas y ajustes de esos {n} proyectos"));
+            r.push_back(fila(ed, std::move(viejos), false, tr("{editor} · proyectos sin abrir hace más de 3 meses"),
+                             tr("Se pierden las pestañas abiertas y ajustes de ese proyecto"),
+                             tr("Se pierden las pestañas abiertas y ajustes de esos {n} proyectos")));
     }
     return r;
 }

@@ -14,9 +14,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-std::string mensaje(const char* clave, const std::string& nombre)
+std::string mensaje(std::string texto, const std::string& nombre)
 {
-    return rellenar(tr(clave), {{"nombre", nombre}});
+    return rellenar(std::move(texto), {{"nombre", nombre}});
 }
 
 } // namespace
@@ -85,17 +85,17 @@ Resultado Limpiador::limpiar(std::vector<Categoria> categorias, const Progreso& 
                 continue;
             if (e.accion) {
                 // The command does the cleaning; its paths are not ours to judge.
-                progreso(mensaje("Limpiando {nombre}…", e.nombre));
+                progreso(mensaje(tr("Limpiando {nombre}…"), e.nombre));
                 ejecutarAccion(e, r);
                 continue;
             }
             // One refused path spares the whole item.
             const auto urls = e.urls();
             if (!std::all_of(urls.begin(), urls.end(), [&](const fs::path& u) { return permitido(u); })) {
-                r.errores.push_back(mensaje("{nombre}: ruta no permitida, se omitió", e.nombre));
+                r.errores.push_back(mensaje(tr("{nombre}: ruta no permitida, se omitió"), e.nombre));
                 continue;
             }
-            progreso(mensaje("Limpiando {nombre}…", e.nombre));
+            progreso(mensaje(tr("Limpiando {nombre}…"), e.nombre));
             if (c.modo == Modo::papelera)
                 moverElemento(e, r);
             else
@@ -111,7 +111,7 @@ void Limpiador::ejecutarAccion(const Elemento& e, Resultado& r) const
     const int64_t antes = a.medir ? tamanoEnDisco(*a.medir) : 0;
     const auto salida = plataforma::ejecutar(a.ejecutable, a.argumentos, limiteAccion);
     if (!salida || salida->codigo != 0) {
-        r.errores.push_back(mensaje("{nombre}: no se pudo completar", e.nombre));
+        r.errores.push_back(mensaje(tr("{nombre}: no se pudo completar"), e.nombre));
         return;
     }
     // Without a place to measure, the command's effect goes uncounted.
@@ -123,11 +123,11 @@ std::string Limpiador::motivo(const plataforma::Traslado& t, const std::string& 
 {
     switch (t.clase) {
     case plataforma::Clase::enlaceEnRuta:
-        return mensaje("{nombre}: es un enlace a otra carpeta, se omitió", nombre);
+        return mensaje(tr("{nombre}: es un enlace a otra carpeta, se omitió"), nombre);
     case plataforma::Clase::montaje:
-        return mensaje("{nombre}: hay un punto de montaje en su ruta, se omitió", nombre);
+        return mensaje(tr("{nombre}: hay un punto de montaje en su ruta, se omitió"), nombre);
     case plataforma::Clase::conMontaje:
-        return mensaje("{nombre}: contiene un punto de montaje, se omitió", nombre);
+        return mensaje(tr("{nombre}: contiene un punto de montaje, se omitió"), nombre);
     default:
         return nombre + ": " + t.error;
     }
@@ -140,7 +140,7 @@ std::optional<std::string> Limpiador::moverAPapelera(const fs::path& ruta, const
     // be a link: it goes as a link.
     const auto relativa = relativaPermitida(ruta);
     if (!relativa)
-        return mensaje("{nombre}: ruta no permitida, se omitió", nombre);
+        return mensaje(tr("{nombre}: ruta no permitida, se omitió"), nombre);
     const plataforma::Traslado t = plataforma::moverAPapelera(estandarizar(entorno.home), *relativa);
     if (t.movido)
         return std::nullopt;
@@ -179,7 +179,7 @@ int64_t Limpiador::vaciar(const fs::path& ruta, const std::string& nombre, std::
     // link would lead elsewhere than the text the rule judged.
     const auto relativa = relativaPermitida(ruta);
     if (!relativa) {
-        errores.push_back(mensaje("{nombre}: ruta no permitida, se omitió", nombre));
+        errores.push_back(mensaje(tr("{nombre}: ruta no permitida, se omitió"), nombre));
         return 0;
     }
     const plataforma::Vaciado v = plataforma::vaciar(estandarizar(entorno.home), *relativa);
@@ -189,11 +189,11 @@ int64_t Limpiador::vaciar(const fs::path& ruta, const std::string& nombre, std::
         break;
     case plataforma::Clase::enlace:
     case plataforma::Clase::enlaceEnRuta:
-        errores.push_back(mensaje("{nombre}: es un enlace a otra carpeta, se omitió", nombre));
+        errores.push_back(mensaje(tr("{nombre}: es un enlace a otra carpeta, se omitió"), nombre));
         break;
     case plataforma::Clase::montaje:
     case plataforma::Clase::conMontaje:
-        errores.push_back(mensaje("{nombre}: hay un punto de montaje en su ruta, se omitió", nombre));
+        errores.push_back(mensaje(tr("{nombre}: hay un punto de montaje en su ruta, se omitió"), nombre));
         break;
     case plataforma::Clase::archivo:
         if (!v.error.empty())

@@ -48,7 +48,7 @@ std::vector<Baldosa> baldosas(const NodoDisco& n)
     }
     const int64_t resto = n.tamano - mostrado;
     if (double(resto) >= umbral)
-        r.push_back({"otros", nullptr, tr("Otros"), resto, Colores::gris});
+        r.push_back({"otros", nullptr, tr(QT_TRANSLATE_NOOP("Vorlano", "Otros")), resto, Colores::gris});
     return r;
 }
 

@@ -2,9 +2,13 @@
 #pragma once
 
 // User-visible text. Every text the user sees is a Spanish source string looked
-// up in the system's translations; the Spanish text is the key.
+// up in the system's translations; the Spanish text is the key. A text that a
+// table holds and tr() looks up later is marked QT_TRANSLATE_NOOP("Vorlano", …)
+// there, so that the catalogues' extraction (scripts/catalogos.py) finds it too.
 
 #include "plataforma/idioma.h"
+
+#include <QtGlobal>
 
 #include <initializer_list>
 #include <string>

@@ -14,25 +14,25 @@ namespace rotulos {
 
 namespace {
 
-std::string conBytes(const char* clave, int64_t bytes)
+std::string conBytes(std::string texto, int64_t bytes)
 {
-    return rellenar(tr(clave), {{"bytes", formatoBytes(bytes)}});
+    return rellenar(std::move(texto), {{"bytes", formatoBytes(bytes)}});
 }
 
 } // namespace
 
 std::string tituloConfirmacion(int64_t seleccionado)
 {
-    return conBytes("¿Limpiar {bytes}?", seleccionado);
+    return conBytes(tr("¿Limpiar {bytes}?"), seleccionado);
 }
 
 std::string mensajeConfirmacion(int64_t aBorrar, int64_t aPapelera, const std::vector<std::string>& appsAbiertas)
 {
     std::vector<std::string> parrafos;
     if (aBorrar >= 1)
-        parrafos.push_back(conBytes("Se borrarán {bytes} de cachés y temporales. Se regeneran solos.", aBorrar));
+        parrafos.push_back(conBytes(tr("Se borrarán {bytes} de cachés y temporales. Se regeneran solos."), aBorrar));
     if (aPapelera >= 1)
-        parrafos.push_back(conBytes("{bytes} se moverán a la Papelera (puedes recuperarlos).", aPapelera));
+        parrafos.push_back(conBytes(tr("{bytes} se moverán a la Papelera (puedes recuperarlos)."), aPapelera));
     if (appsAbiertas.size() == 1) {
         parrafos.push_back(rellenar(tr("Ojo: {app} está abierto. Ciérralo antes para evitar problemas."),
                                     {{"app", appsAbiertas[0]}}));
@@ -52,8 +52,8 @@ std::string mensajeConfirmacion(int64_t aBorrar, int64_t aPapelera, const std::v
 std::string lineaResultado(int64_t borrado, int64_t enPapelera)
 {
     if (borrado <= 0 && enPapelera != 0)
-        return conBytes("Moviste {bytes} a la Papelera", enPapelera);
-    return conBytes("Liberaste {bytes}", borrado);
+        return conBytes(tr("Moviste {bytes} a la Papelera"), enPapelera);
+    return conBytes(tr("Liberaste {bytes}"), borrado);
 }
 
 std::string lineaEspacio(int64_t libreAntes, int64_t libreAhora)
@@ -69,7 +69,7 @@ std::string avisos(int64_t n)
 
 std::string lineaPapelera(int64_t enPapelera)
 {
-    return conBytes("{bytes} en la Papelera", enPapelera);
+    return conBytes(tr("{bytes} en la Papelera"), enPapelera);
 }
 
 std::string elementos(int64_t n)
@@ -127,7 +127,7 @@ LineaCategoria lineaCategoria(const Categoria& c, const std::string& locale)
 std::string estadoTarjeta(int64_t tamanoSeleccionado, bool todoEnUso)
 {
     if (tamanoSeleccionado >= 1)
-        return conBytes("{bytes} marcado", tamanoSeleccionado);
+        return conBytes(tr("{bytes} marcado"), tamanoSeleccionado);
     return todoEnUso ? tr("En uso por apps abiertas") : tr("Sin marcar");
 }
 

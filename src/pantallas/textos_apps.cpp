@@ -73,14 +73,14 @@ std::string nota(const AppInstalada& app)
     std::string r = tr("La app");
     switch (app.tipo) {
     case TipoApp::bundle: break;
-    case TipoApp::flatpak: r += " · " + tr(app.deRoot ? "Flatpak del sistema" : "Flatpak"); break;
+    case TipoApp::flatpak: r += " · " + (app.deRoot ? tr("Flatpak del sistema") : tr("Flatpak")); break;
     case TipoApp::snap: r += " · " + tr("Snap"); break;
     case TipoApp::appImage: r += " · " + tr("AppImage"); break;
     case TipoApp::enCasa: r += " · " + tr("Programa en tu carpeta personal"); break;
     }
     if (pideContrasena(app))
-        r += " · " + tr(app.tipo == TipoApp::bundle ? "macOS te pedirá tu contraseña"
-                                                     : "el sistema te pedirá tu contraseña");
+        r += " · " + (app.tipo == TipoApp::bundle ? tr("macOS te pedirá tu contraseña")
+                                                   : tr("el sistema te pedirá tu contraseña"));
     return r;
 }
 
