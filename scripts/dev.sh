@@ -5,6 +5,7 @@
 #   scripts/dev.sh test    install what is missing, build, run every test
 #   scripts/dev.sh build   install what is missing and build
 #   scripts/dev.sh capturas  run the screens' tests, which leave a PNG of each state in build/capturas
+#   scripts/dev.sh textos    add the program's new texts to the catalogues in translations/linux
 set -euo pipefail
 
 raiz="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
@@ -29,6 +30,8 @@ paquetes=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # the demo home writes binary property lists with plistutil
   libplist-utils
+  # the catalogues' extraction
+  python3
   # used by the tests: a real session bus, the standard trash reader, chattr, a file
   # system that clones (xfs), setpriv,
   # a second duplicate finder to agree with
@@ -77,8 +80,12 @@ case "${1:-}" in
     ctest --test-dir "$build" --output-on-failure -L pantallas -j"$(nproc)"
     echo "Capturas en $build/capturas"
     ;;
+  textos)
+    instalar
+    "$raiz/scripts/catalogos.py"
+    ;;
   *)
-    echo "uso: scripts/dev.sh demo|test|build|capturas" >&2
+    echo "uso: scripts/dev.sh demo|test|build|capturas|textos" >&2
     exit 2
     ;;
 esac

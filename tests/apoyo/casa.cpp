@@ -225,6 +225,11 @@ fs::path aislarProceso()
     ::setenv("XDG_STATE_HOME", (casa / ".local/state").c_str(), 1);
     for (const char* v : {"VORLANO_HOME", "VORLANO_TIEMPOS", "VORLANO_GRANDE_MB", "VORLANO_AVISO_GB"})
         ::unsetenv(v);
+    // Texts are compared as the source texts: no language of the machine's
+    // user picks a catalogue, here or in the programs the tests start.
+    for (const char* v : {"LANGUAGE", "LC_ALL", "LC_MESSAGES"})
+        ::unsetenv(v);
+    ::setenv("LANG", "C.UTF-8", 1);
     return casa;
 }
 

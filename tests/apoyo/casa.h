@@ -73,8 +73,9 @@ std::map<std::string, std::string> huellas(const fs::path& raiz);
 std::map<std::string, std::string> papelera(const fs::path& datos);
 
 // For a test program's main: a scratch home for the whole process, with HOME
-// and the XDG homes pointed into it and the program's own variables unset, so
-// that no test writes into the real home of the machine.
+// and the XDG homes pointed into it, the program's own variables unset and the
+// language left to the source texts, so that no test writes into the real home
+// of the machine or depends on its user's language.
 fs::path aislarProceso();
 
 // A unique scratch folder under the temporary folder, or in memory, and its

@@ -117,3 +117,30 @@ TEST(Main, FlagsAyudaYVersion)
     }
     EXPECT_TRUE(ejecutarVorlano(casa.raiz(), {"--version"}).salida.starts_with("vorlano "));
 }
+
+// The user's language picks the catalogue: English for an English locale,
+// Spanish with the Linux wording for any other, and LANGUAGE before LANG.
+TEST(Main, IdiomaDelUsuario)
+{
+    CasaPrueba casa;
+    casa.archivo("Library/Logs/a.log", 100 * 4096);
+    struct Caso {
+        const char* lang;
+        std::optional<std::string> language;
+        const char* informe;
+        const char* ayuda;
+    };
+    const Caso casos[] = {
+        {"en_US.UTF-8", std::nullopt, "■ Logs — 410 KB [Safe] selected: 410 KB\n", "Usage: vorlano"},
+        {"en_GB.UTF-8", std::nullopt, "\nSelected by default: 410 KB\n", "--scan            scan and print"},
+        {"es_ES.UTF-8", std::nullopt, "■ Registros (logs) — 410 KB [Seguro] seleccionado: 410 KB\n", "Uso: vorlano"},
+        {"fr_FR.UTF-8", std::nullopt, "\nSeleccionado por defecto: 410 KB\n", "Uso: vorlano"},
+        {"es_ES.UTF-8", "en_US:es", "\nSelected by default: 410 KB\n", "Usage: vorlano"},
+    };
+    for (const Caso& c : casos) {
+        const std::map<std::string, std::optional<std::string>> entorno{{"LANG", c.lang}, {"LANGUAGE", c.language}};
+        const auto informe = ejecutarVorlano(casa.raiz(), {"--scan"}, entorno).salida;
+        EXPECT_NE(informe.find(c.informe), std::string::npos) << c.lang << "\n" << informe;
+        EXPECT_NE(ejecutarVorlano(casa.raiz(), {"--help"}, entorno).salida.find(c.ayuda), std::string::npos) << c.lang;
+    }
+}

@@ -155,5 +155,5 @@ TEST(Escaner, CatalogoDeLinuxNoNombraElMac)
     QCoreApplication::installTranslator(&catalogo);
     EXPECT_FALSE(nombraMac());
     QCoreApplication::removeTranslator(&catalogo);
-    EXPECT_EQ(idiomasDisponibles(), std::vector<std::string>{"es"});
+    EXPECT_EQ(idiomasDisponibles(), (std::vector<std::string>{"es", "en"}));
 }

@@ -12,6 +12,7 @@
 
 #include <QFile>
 #include <QRawFont>
+#include <QTranslator>
 
 using pantallas::VentanaPrueba;
 
@@ -60,6 +61,25 @@ TEST(Principal, SeccionesYBarraLateral)
         EXPECT_EQ(v.ventana()->title().toStdString(), titulo);
         EXPECT_TRUE(v.visible(QLatin1String(valor)));
     }
+}
+
+// With the English catalogue installed, the window and the texts computed
+// in C++ for it speak English.
+TEST(Principal, EnIngles)
+{
+    QTranslator ingles;
+    ASSERT_TRUE(ingles.load(QStringLiteral("vorlano_en"), QStringLiteral(":/i18n")));
+    QCoreApplication::installTranslator(&ingles);
+    {
+        VentanaPrueba v;
+        EXPECT_EQ(v.ventana()->title().toStdString(), "Overview");
+        EXPECT_EQ(v.texto("libres"),
+                  formatoBytes(v.estado().libre()) + " free of " + formatoBytes(v.estado().total()));
+        pantallas::capturar(v.ventana(), "ingles");
+        v.pulsar("seccion-mapa");
+        EXPECT_EQ(v.ventana()->title().toStdString(), "Disk map");
+    }
+    QCoreApplication::removeTranslator(&ingles);
 }
 
 // A first start shows the welcome over the window; "Empezar" stores that it
