@@ -5,6 +5,9 @@
 #   scripts/dev.sh test    install what is missing, build, run every test
 #   scripts/dev.sh build   install what is missing and build
 #   scripts/dev.sh capturas  run the screens' tests, which leave a PNG of each state in build/capturas
+#   scripts/dev.sh package   build the Debian package into build/ (vorlano_<version>_<arch>.deb)
+#   scripts/dev.sh instalar-limpio  install that package with apt on a fresh Debian 12 made by
+#                            debootstrap (needs the archive; minutes), run it, purge it
 #   scripts/dev.sh textos    add the program's new texts to the catalogues in translations/linux
 set -euo pipefail
 
@@ -30,8 +33,9 @@ paquetes=(
   libgtest-dev libgmock-dev libbenchmark-dev
   # the demo home writes binary property lists with plistutil
   libplist-utils
-  # the catalogues' extraction
-  python3
+  # the package: the icon's sizes, the manual from --help, the catalogues'
+  # extraction, and the checks a distribution runs on a package
+  librsvg2-bin help2man python3 lintian desktop-file-utils appstream
   # used by the tests: a real session bus, the standard trash reader, chattr, a file
   # system that clones (xfs), setpriv,
   # a second duplicate finder to agree with
@@ -80,12 +84,21 @@ case "${1:-}" in
     ctest --test-dir "$build" --output-on-failure -L pantallas -j"$(nproc)"
     echo "Capturas en $build/capturas"
     ;;
+  package)
+    instalar; compilar
+    (cd "$build" && cpack -G DEB)
+    ;;
+  instalar-limpio)
+    instalar; compilar
+    (cd "$build" && cpack -G DEB)
+    "$raiz/scripts/instalar-limpio.sh" "$build"/vorlano_*.deb
+    ;;
   textos)
     instalar
     "$raiz/scripts/catalogos.py"
     ;;
   *)
-    echo "uso: scripts/dev.sh demo|test|build|capturas|textos" >&2
+    echo "uso: scripts/dev.sh demo|test|build|capturas|package|instalar-limpio|textos" >&2
     exit 2
     ;;
 esac
