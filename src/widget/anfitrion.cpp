@@ -134,8 +134,9 @@ void AnfitrionWidget::mostrarMenu()
 void AnfitrionWidget::construirMenu()
 {
     auto* tamanos = new QActionGroup(&menu_);
-    const std::pair<Familia, const char*> opciones[] = {
-        {Familia::chico, "Pequeño"}, {Familia::mediano, "Mediano"}, {Familia::grande, "Grande"}};
+    const std::pair<Familia, const char*> opciones[] = {{Familia::chico, QT_TRANSLATE_NOOP("Vorlano", "Pequeño")},
+                                                         {Familia::mediano, QT_TRANSLATE_NOOP("Vorlano", "Mediano")},
+                                                         {Familia::grande, QT_TRANSLATE_NOOP("Vorlano", "Grande")}};
     for (const auto& [f, titulo] : opciones) {
         QAction* a = menu_.addAction(q(plataforma::tr(titulo)));
         a->setObjectName(QLatin1String(nombre(f)));
@@ -171,7 +172,7 @@ int ejecutarAnfitrionWidget(int argc, char** argv)
 {
     plataforma::elegirPlataformaWidget();
     if (!plataforma::hayEscritorio()) {
-        std::fputs(tr("vorlano: no hay escritorio gráfico en el que poner el widget (ni DISPLAY ni WAYLAND_DISPLAY).\n")
+        std::fputs(plataforma::tr("vorlano: no hay escritorio gráfico en el que poner el widget (ni DISPLAY ni WAYLAND_DISPLAY).\n")
                        .c_str(),
                    stderr);
         return 1;

@@ -6,6 +6,7 @@
 #include "nucleo/textos.h"
 #include "widget/entrada_disco.h"
 
+#include <QCoreApplication>
 #include <QVariantMap>
 
 namespace {
@@ -19,16 +20,17 @@ struct Control {
 };
 
 constexpr Control botonesMediano[] = {
-    {Enlace::analizar, "sparkle.magnifyingglass", "turquesa", "Analizar", ""},
-    {Enlace::mapa, "square.split.2x2.fill", "naranja", "Mapa", ""},
-    {Enlace::desinstalar, "xmark.app", "indigo", "Apps", ""},
+    {Enlace::analizar, "sparkle.magnifyingglass", "turquesa", QT_TRANSLATE_NOOP("Vorlano", "Analizar"), ""},
+    {Enlace::mapa, "square.split.2x2.fill", "naranja", QT_TRANSLATE_NOOP("Vorlano", "Mapa"), ""},
+    {Enlace::desinstalar, "xmark.app", "indigo", QT_TRANSLATE_NOOP("Vorlano", "Apps"), ""},
 };
 
+// The titles are looked up in the catalogue when the lists are built.
 constexpr Control accesosGrande[] = {
-    {Enlace::analizar, "sparkle.magnifyingglass", "turquesa", "Analizar", "Buscar qué limpiar"},
-    {Enlace::limpieza, "sparkles", "azul", "Limpieza", "Revisar la lista"},
-    {Enlace::mapa, "square.split.2x2.fill", "naranja", "Mapa del disco", "Qué ocupa espacio"},
-    {Enlace::desinstalar, "xmark.app", "indigo", "Desinstalar apps", "Con todos sus restos"},
+    {Enlace::analizar, "sparkle.magnifyingglass", "turquesa", QT_TRANSLATE_NOOP("Vorlano", "Analizar"), QT_TRANSLATE_NOOP("Vorlano", "Buscar qué limpiar")},
+    {Enlace::limpieza, "sparkles", "azul", QT_TRANSLATE_NOOP("Vorlano", "Limpieza"), QT_TRANSLATE_NOOP("Vorlano", "Revisar la lista")},
+    {Enlace::mapa, "square.split.2x2.fill", "naranja", QT_TRANSLATE_NOOP("Vorlano", "Mapa del disco"), QT_TRANSLATE_NOOP("Vorlano", "Qué ocupa espacio")},
+    {Enlace::desinstalar, "xmark.app", "indigo", QT_TRANSLATE_NOOP("Vorlano", "Desinstalar apps"), QT_TRANSLATE_NOOP("Vorlano", "Con todos sus restos")},
 };
 
 QString q(const std::string& s)

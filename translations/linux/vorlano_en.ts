@@ -50,12 +50,20 @@
         <translation>Open Vorlano at login</translation>
     </message>
     <message>
+        <source>Abrir al iniciar sesión</source>
+        <translation>Open at login</translation>
+    </message>
+    <message>
         <source>Acceso en el menú de aplicaciones</source>
         <translation>Entry in the applications menu</translation>
     </message>
     <message>
         <source>Acceso total al disco</source>
         <translation>Full disk access</translation>
+    </message>
+    <message>
+        <source>Accesos rápidos</source>
+        <translation>Shortcuts</translation>
     </message>
     <message>
         <source>Acerca de</source>
@@ -86,6 +94,10 @@
         <translation>Scanning your computer…</translation>
     </message>
     <message>
+        <source>Analizar</source>
+        <translation>Scan</translation>
+    </message>
+    <message>
         <source>Analizar ahora</source>
         <translation>Scan now</translation>
     </message>
@@ -100,6 +112,10 @@
     <message>
         <source>AppImage</source>
         <translation>AppImage</translation>
+    </message>
+    <message>
+        <source>Apps</source>
+        <translation>Apps</translation>
     </message>
     <message>
         <source>Archivos .dmg, .pkg y .xip que ya no se necesitan después de instalar. Van a la Papelera.</source>
@@ -152,6 +168,10 @@
     <message>
         <source>Buscar apps</source>
         <translation>Search apps</translation>
+    </message>
+    <message>
+        <source>Buscar qué limpiar</source>
+        <translation>Find what to clean</translation>
     </message>
     <message>
         <source>Caché de Next.js</source>
@@ -228,6 +248,10 @@
     <message>
         <source>Compilación de Xcode</source>
         <translation>Xcode build</translation>
+    </message>
+    <message>
+        <source>Con todos sus restos</source>
+        <translation>With all their leftovers</translation>
     </message>
     <message>
         <source>Configuración</source>
@@ -342,6 +366,10 @@
         <translation>Send feedback</translation>
     </message>
     <message>
+        <source>Espacio libre</source>
+        <translation>Free space</translation>
+    </message>
+    <message>
         <source>Espacio libre: {antes} → {ahora}</source>
         <translation>Free space: {antes} → {ahora}</translation>
     </message>
@@ -372,6 +400,10 @@
     <message>
         <source>General</source>
         <translation>General</translation>
+    </message>
+    <message>
+        <source>Grande</source>
+        <translation>Large</translation>
     </message>
     <message>
         <source>Gráfico de lo limpiado por semana</source>
@@ -486,6 +518,10 @@
         <translation>TEST MODE</translation>
     </message>
     <message>
+        <source>Mapa</source>
+        <translation>Map</translation>
+    </message>
+    <message>
         <source>Mapa del disco</source>
         <translation>Disk map</translation>
     </message>
@@ -500,6 +536,10 @@
     <message>
         <source>Marcar {titulo}</source>
         <translation>Tick {titulo}</translation>
+    </message>
+    <message>
+        <source>Mediano</source>
+        <translation>Medium</translation>
     </message>
     <message>
         <source>Medir mi carpeta personal</source>
@@ -586,6 +626,10 @@
         <translation>Optional. With full access, Vorlano can read your whole home folder. Where no settings page grants it, the command below does.</translation>
     </message>
     <message>
+        <source>Pequeño</source>
+        <translation>Small</translation>
+    </message>
+    <message>
         <source>Permisos</source>
         <translation>Permissions</translation>
     </message>
@@ -618,12 +662,20 @@
         <translation>You can free {bytes}</translation>
     </message>
     <message>
+        <source>Queda poco espacio</source>
+        <translation>Running low on space</translation>
+    </message>
+    <message>
         <source>Quedan {bytes} libres. Abre Vorlano para ver qué se puede limpiar.</source>
         <translation>{bytes} left. Open Vorlano to see what can be cleaned.</translation>
     </message>
     <message>
         <source>Quita apps junto con sus preferencias, cachés y datos.</source>
         <translation>Removes apps together with their preferences, caches and data.</translation>
+    </message>
+    <message>
+        <source>Quitar del escritorio</source>
+        <translation>Remove from desktop</translation>
     </message>
     <message>
         <source>Qué ocupa espacio</source>
@@ -668,6 +720,10 @@
     <message>
         <source>Revisando cachés de programación…</source>
         <translation>Checking developer caches…</translation>
+    </message>
+    <message>
+        <source>Revisar la lista</source>
+        <translation>Review the list</translation>
     </message>
     <message>
         <source>Salir de Vorlano</source>
@@ -818,6 +874,11 @@ limpieza, mapa o desinstalar), la lleva a esa sección, y si ya está abierta se
   --scan            analiza y muestra el informe; no cambia nada
   --clean-defaults  analiza, muestra el informe y limpia lo seleccionado por defecto
   --clean-all       analiza, muestra el informe, selecciona todo y limpia
+  --widget-png CARPETA [--ejemplo]
+                    guarda el widget en sus tres tamaños, claro y oscuro, como PNG en
+                    CARPETA; con --ejemplo, con cifras de muestra en vez de las del disco
+  --widget [chico|mediano|grande]
+                    pone el widget en el escritorio, con el tamaño dado o el de la última vez
   --help            muestra esta ayuda
   --version         muestra la versión
 
@@ -838,6 +899,11 @@ the running one if it is already open.
   --scan            scan and print the report; change nothing
   --clean-defaults  scan, print the report and clean what is selected by default
   --clean-all       scan, print the report, select everything and clean
+  --widget-png FOLDER [--ejemplo]
+                    save the widget in its three sizes, light and dark, as PNG files in
+                    FOLDER; with --ejemplo, with sample figures instead of the disk's own
+  --widget [chico|mediano|grande]
+                    put the widget on the desktop, at the size given or the last one used
   --help            show this help
   --version         show the version
 
@@ -867,6 +933,10 @@ each rectangle is sized by the space it takes.</translation>
     <message>
         <source>de forma segura: cachés y temporales que se regeneran solos.</source>
         <translation>safely: caches and temporary files that rebuild on their own.</translation>
+    </message>
+    <message>
+        <source>de {total}</source>
+        <translation>of {total}</translation>
     </message>
     <message>
         <source>descargado {hace}</source>
@@ -910,6 +980,12 @@ Usa vorlano --help para ver el modo de terminal.
 </source>
         <translation>vorlano: there is no graphical desktop to open the window on (neither DISPLAY nor WAYLAND_DISPLAY).
 Use vorlano --help to see the terminal mode.
+</translation>
+    </message>
+    <message>
+        <source>vorlano: no hay escritorio gráfico en el que poner el widget (ni DISPLAY ni WAYLAND_DISPLAY).
+</source>
+        <translation>vorlano: there is no graphical desktop to put the widget on (neither DISPLAY nor WAYLAND_DISPLAY).
 </translation>
     </message>
     <message>
@@ -1019,6 +1095,10 @@ Use vorlano --help to see the terminal mode.
     <message>
         <source>{n} %</source>
         <translation>{n} %</translation>
+    </message>
+    <message>
+        <source>{n} % usado · de {total}</source>
+        <translation>{n} % used · of {total}</translation>
     </message>
     <message>
         <source>{n} avisos</source>
