@@ -6,10 +6,16 @@ build="${VORLANO_BUILD:-$raiz/build}"
 
 # medir <nombre> <comando...>: runs it once under /usr/bin/time and appends
 # "<nombre> <segundos> <KB de pico> <s de usuario> <s de sistema>" to $tiempos.
+# With VORLANO_FRIO=1 (root only) the page cache is dropped before each run,
+# so every command reads the disk cold.
 medir() {
   local nombre="$1"; shift
   local t
   t="$(mktemp)"
+  if [ "${VORLANO_FRIO:-0}" = 1 ]; then
+    sync
+    echo 3 >/proc/sys/vm/drop_caches
+  fi
   /usr/bin/time -f "%e %M %U %S" -o "$t" "$@" >/dev/null 2>&1 || true
   echo "$nombre $(cat "$t")" >>"$tiempos"
   rm -f "$t"

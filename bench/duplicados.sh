@@ -53,7 +53,7 @@ read -r t_f m_f <<<"$(resumen fdupes)"
 read -r t_v m_v <<<"$(resumen vorlano)"
 read -r t_js m_js <<<"$(resumen jdupes-suelo)"
 read -r t_fs m_fs <<<"$(resumen fdupes-suelo)"
-echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
+echo "casa: $casa ($archivos archivos), $rondas rondas, caché $( [ "${VORLANO_FRIO:-0}" = 1 ] && echo fría || echo caliente)"
 c_j="$(cpu jdupes)" c_f="$(cpu fdupes)" c_js="$(cpu jdupes-suelo)" c_fs="$(cpu fdupes-suelo)" c_v="$(cpu vorlano)"
 printf "%-28s %7s s   cpu %7s s   pico %7s MB\n" "jdupes -r" "$t_j" "$c_j" "$m_j" "fdupes -r" "$t_f" "$c_f" "$m_f" \
   "jdupes -r -X size+=:100000" "$t_js" "$c_js" "$m_js" "fdupes -r -G 100000" "$t_fs" "$c_fs" "$m_fs" \

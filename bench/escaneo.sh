@@ -7,7 +7,8 @@
 #   bench/escaneo.sh [archivos (1000000)] [rondas (5)]
 # With VORLANO_ANTES naming the build folder of another version, its
 # `vorlano --scan` runs in the same rounds, and the two reports are compared.
-# Warm cache: one untimed run of each first. Runs alternate so all see the
+# Warm cache: one untimed run of each first (VORLANO_FRIO=1, as root: the page
+# cache dropped before every run instead). Runs alternate so all see the
 # same machine. Prints the medians of elapsed and of CPU time (user + system),
 # the ratios and the peak memories; `du -s` of the whole home is the second
 # yardstick, since the scan walks all of it.
@@ -38,14 +39,16 @@ done
 read -r t_du m_du <<<"$(resumen du)"
 read -r t_v m_v <<<"$(resumen vorlano)"
 read -r t_dc m_dc <<<"$(resumen du-casa)"
-echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
+echo "casa: $casa ($archivos archivos), $rondas rondas, caché $( [ "${VORLANO_FRIO:-0}" = 1 ] && echo fría || echo caliente)"
 c_du="$(cpu du)" c_v="$(cpu vorlano)" c_dc="$(cpu du-casa)"
 printf "%-26s %8s s   cpu %7s s   pico %7s MB\n" "du -s Library .cache …" "$t_du" "$c_du" "$m_du" \
   "du -s <casa>" "$t_dc" "$c_dc" "$m_dc" "vorlano --scan" "$t_v" "$c_v" "$m_v"
 awk -v a="$t_v" -v b="$t_du" -v ca="$c_v" -v cb="$c_du" \
   'BEGIN { printf "razón vorlano / du: %.2f, en cpu %.2f (objetivo <= 0.70)\n", a / b, ca / cb }'
-awk -v a="$t_v" -v b="$t_dc" -v ca="$c_v" -v cb="$c_dc" \
-  'BEGIN { printf "razón vorlano / du de la casa: %.2f, en cpu %.2f (objetivo <= 0.60)\n", a / b, ca / cb }'
+objetivo=0.60
+[ "${VORLANO_FRIO:-0}" = 1 ] && objetivo=0.50
+awk -v a="$t_v" -v b="$t_dc" -v ca="$c_v" -v cb="$c_dc" -v o="$objetivo" \
+  'BEGIN { printf "razón vorlano / du de la casa: %.2f, en cpu %.2f (objetivo <= %s)\n", a / b, ca / cb, o }'
 if [ -n "${VORLANO_ANTES:-}" ]; then
   read -r t_a m_a <<<"$(resumen antes)"
   printf "%-26s %8s s   cpu %7s s   pico %7s MB\n" "antes: vorlano --scan" "$t_a" "$(cpu antes)" "$m_a"

@@ -56,7 +56,7 @@ for archivos in "${tamanos[@]}"; do
   for ((i = 0; i < rondas; i++)); do todos medir; done
 
   read -r t_du m_du <<<"$(resumen du)"
-  echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
+  echo "casa: $casa ($archivos archivos), $rondas rondas, caché $( [ "${VORLANO_FRIO:-0}" = 1 ] && echo fría || echo caliente)"
   for nombre in du gdu ncdu vorlano; do
     read -r t m <<<"$(resumen "$nombre")"
     awk -v n="$nombre" -v t="$t" -v m="$m" -v d="$t_du" -v c="$(cpu "$nombre")" \

@@ -34,7 +34,7 @@ done
 read -r t_du m_du <<<"$(resumen du)"
 read -r t_f m_f <<<"$(resumen find)"
 read -r t_v m_v <<<"$(resumen vorlano)"
-echo "casa: $casa ($archivos archivos), $rondas rondas, caché caliente"
+echo "casa: $casa ($archivos archivos), $rondas rondas, caché $( [ "${VORLANO_FRIO:-0}" = 1 ] && echo fría || echo caliente)"
 c_du="$(cpu du)" c_f="$(cpu find)" c_v="$(cpu vorlano)"
 printf "%-28s %7s s   cpu %7s s   pico %7s MB\n" "du -s" "$t_du" "$c_du" "$m_du" \
   "find -type f -size +250M" "$t_f" "$c_f" "$m_f" "vorlano --scan" "$t_v" "$c_v" "$m_v"
