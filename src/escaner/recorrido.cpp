@@ -7,6 +7,7 @@
 #include "nucleo/paralelo.h"
 #include "nucleo/textos.h"
 #include "plataforma/archivos.h"
+#include "plataforma/lectura.h"
 
 #include <sys/stat.h>
 
@@ -19,10 +20,11 @@ namespace fs = std::filesystem;
 namespace {
 
 // Disk images and packages a Mac installs from, and a Linux desktop's:
-// distribution packages, Flatpak bundles and references, snaps, and the
-// self-extracting .run installers (drivers, VirtualBox…).
-constexpr std::array<std::string_view, 9> extensionesInstalador{"dmg",     "pkg",        "xip",  "deb", "rpm",
-                                                                "flatpak", "flatpakref", "snap", "run"};
+// distribution packages, Flatpak bundles and references, and the
+// self-extracting .run installers (drivers, VirtualBox…). Snaps are told by
+// their content, below.
+constexpr std::array<std::string_view, 8> extensionesInstalador{"dmg", "pkg",     "xip",        "deb",
+                                                                "rpm", "flatpak", "flatpakref", "run"};
 // An .iso is an installer when it is named after a system, as the systems'
 // own downloads are ("debian-12.5.0-amd64-netinst.iso",
 // "Fedora-Workstation-Live-x86_64-40.iso", "Win11_23H2_Spanish_x64.iso");
@@ -65,10 +67,15 @@ bool empiezaSinCaso(std::string_view texto, std::string_view prefijo)
                       [](char b, char a) { return (a >= 'A' && a <= 'Z' ? char(a - 'A' + 'a') : a) == b; });
 }
 
-bool esInstalador(std::string_view nombre)
+// The file at ruta, called nombre, by its name and, for a snap, its first bytes.
+bool esInstalador(std::string_view nombre, const char* ruta)
 {
     const std::string_view ext = extension(nombre);
     auto es = [&](std::string_view e) { return ext.size() == e.size() && empiezaSinCaso(ext, e); };
+    // Test runners keep their snapshots in .snap files beside the sources; a
+    // snap package is a SquashFS image.
+    if (es("snap"))
+        return plataforma::empiezaPor(ruta, "hsqs");
     if (std::any_of(extensionesInstalador.begin(), extensionesInstalador.end(), es))
         return true;
     if (!es("iso"))
@@ -241,7 +248,7 @@ private:
             return;
         const int64_t tamano = int64_t(e.st.st_blocks) * 512;
         const Fecha fecha(std::chrono::seconds(e.st.st_mtim.tv_sec));
-        if (esInstalador(e.nombre))
+        if (esInstalador(e.nombre, e.ruta.data()))
             parte_->instaladores.push_back({std::string(e.ruta), tamano, fecha});
         else if (tamano >= comun_.minimo)
             agregarGrande(parte_->grandes, {std::string(e.ruta), tamano, fecha});

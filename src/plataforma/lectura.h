@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace plataforma {
@@ -27,5 +28,9 @@ std::vector<std::string> nombresEn(const std::filesystem::path& carpeta);
 // can't be opened, isn't a regular file, or holds more than `maximo` bytes. A
 // FIFO or device in its place never blocks the caller.
 std::optional<std::string> leerArchivo(const std::filesystem::path& ruta, size_t maximo);
+
+// Whether a regular file begins with these bytes, links not followed. False
+// when it can't be opened or read; a FIFO or device never blocks the caller.
+bool empiezaPor(const char* ruta, std::string_view firma);
 
 } // namespace plataforma

@@ -42,8 +42,9 @@ void repositorio(CasaPrueba& casa, std::string_view carpeta, const std::vector<s
 
 // Projects of every kind with and without their markers, places never
 // entered, links, a name that isn't UTF-8, a git repository with one tracked
-// and one untracked dist; installers of any case; files at and one block
-// under the large-file floor.
+// and one untracked dist; installers of any case, Linux packages and disk
+// images named after a system; files at and one block under the large-file
+// floor.
 TEST(Recorrido, LasCuatroListasYSusCategorias)
 {
     CasaPrueba casa;
@@ -85,6 +86,14 @@ TEST(Recorrido, LasCuatroListasYSusCategorias)
     for (const char* n : {"Downloads/a.dmg", "Downloads/B.PKG", "Downloads/c.Xip", "Desktop/d.DmG", "x.pkg",
                           "Downloads/.oculto.dmg", "Downloads/sin-extension-dmg"})
         casa.archivo(n, 5000);
+    for (const char* n : {"Downloads/e.deb", "Downloads/f.RPM", "Downloads/g.flatpakref", "Downloads/h.flatpak",
+                          "Downloads/NVIDIA-Linux-x86_64-550.run", "Downloads/ubuntu-24.04-desktop-amd64.iso",
+                          "Downloads/Win11_23H2_Spanish_x64.iso", "Downloads/copia del disco.iso",
+                          "Downloads/ubuntuesque.iso"})
+        casa.archivo(n, 5000);
+    // A snap is a SquashFS image; a test runner's snapshot beside the sources isn't one.
+    casa.archivoCon("Downloads/editor_12.snap", "hsqs" + std::string(5000, '\0'));
+    casa.archivoCon("p/web/__snapshots__/boton.test.js.snap", "// Jest Snapshot v1\n");
     casa.archivo("Downloads/" + raro + ".dmg", 100);
     casa.reservado("Downloads/disco.dmg", suelo + 4096 * 10);
     casa.reservado("Movies/justo.mov", suelo);
@@ -107,7 +116,10 @@ TEST(Recorrido, LasCuatroListasYSusCategorias)
               (Nombres{"p/gradle/build", "p/js/build", "p/js/dist", "p/kts/build", "p/rust/target", "p/unity/Library",
                        "p/web/.next", "p/web/.nuxt", "p/web/.parcel-cache", "p/web/.svelte-kit", "p/web/.turbo",
                        "p/web/DerivedData", "repo/sub/dist", "p/" + raro + "/dist"}));
-    EXPECT_EQ(nombres(h.instaladores), (Nombres{"B.PKG", "a.dmg", "c.Xip", "d.DmG", "disco.dmg", "x.pkg", raro + ".dmg"}));
+    EXPECT_EQ(nombres(h.instaladores),
+              (Nombres{"B.PKG", "a.dmg", "c.Xip", "d.DmG", "disco.dmg", "x.pkg", raro + ".dmg", "e.deb", "f.RPM",
+                       "g.flatpakref", "h.flatpak", "NVIDIA-Linux-x86_64-550.run", "ubuntu-24.04-desktop-amd64.iso",
+                       "Win11_23H2_Spanish_x64.iso", "editor_12.snap"}));
     ASSERT_EQ(h.grandes.size(), 2u);
     EXPECT_EQ(h.grandes[0].nombre, "p/build/salida.bin"); // larger first
     EXPECT_EQ(h.grandes[1].url, casa.ruta("Movies/justo.mov"));

@@ -103,4 +103,18 @@ std::optional<std::string> leerArchivo(const std::filesystem::path& ruta, size_t
     return r;
 }
 
+bool empiezaPor(const char* ruta, std::string_view firma)
+{
+    const int fd = ::open(ruta, O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK);
+    if (fd < 0)
+        return false;
+    char inicio[16];
+    struct stat st;
+    const bool r = firma.size() <= sizeof inicio && ::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) &&
+                   ::pread(fd, inicio, firma.size(), 0) == ssize_t(firma.size()) &&
+                   std::string_view(inicio, firma.size()) == firma;
+    ::close(fd);
+    return r;
+}
+
 } // namespace plataforma
