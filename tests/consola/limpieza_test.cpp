@@ -160,13 +160,13 @@ TEST(Limpieza, SinModoPruebaNingunFlagBorraNada)
 TEST(Limpieza, ErroresEnLaSalida)
 {
     CasaPrueba casa;
-    // A cache folder with a child that nobody may remove.
+    // A cache folder with a child that can't be read, so can't be emptied.
     casa.archivo("Library/Caches/org.uno/a", 100 * 4096);
     casa.archivo("Library/Caches/org.uno/fija/b", 4096);
     if (::geteuid() == 0)
         for (const auto& p : fs::recursive_directory_iterator(casa.ruta("Library/Caches")))
             ::lchown(p.path().c_str(), 65534, 65534);
-    ::chmod(casa.ruta("Library/Caches/org.uno/fija").c_str(), 0555);
+    ::chmod(casa.ruta("Library/Caches/org.uno/fija").c_str(), 0);
     const auto s = apoyo::ejecutarVorlanoSinPrivilegios(casa.raiz(), {"--clean-defaults"});
     EXPECT_EQ(s.estado, 0);
     const size_t totales = s.salida.rfind("\nBorrado: ");

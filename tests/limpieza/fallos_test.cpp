@@ -18,16 +18,21 @@ TEST(Fallos, SoloLecturaInmutableYSinPermisosComoUsuarioComun)
 {
     CasaPrueba casa;
     const fs::path app = casa.crearDir("Library/Caches/app");
-    for (const char* p : {"suelto", "sub/ok", "ro/dentro", "cerrada/secreto", "inmutable"})
+    for (const char* p : {"suelto", "sub/ok", "ro/dentro", "ajena/dentro", "cerrada/secreto", "inmutable"})
         casa.archivo(std::string("Library/Caches/app/") + p, 4096);
     casa.crearDir("Library/Caches/app/vacia-cerrada");
     const fs::path ilegible = casa.archivo("Library/Caches/ilegible/x", 4096).parent_path();
     const fs::path fijo = casa.archivo("Library/Caches/fija/archivo", 4096);
-    // Owned by the unprivileged user, so that only the modes stand in its way.
-    if (::geteuid() == 0)
+    // Owned by the unprivileged user, so that only the modes stand in its
+    // way, but for one read-only folder of another user's (root's).
+    const bool root = ::geteuid() == 0;
+    if (root) {
         for (const auto& e : fs::recursive_directory_iterator(casa.ruta("Library/Caches")))
             ::lchown(e.path().c_str(), 65534, 65534);
-    for (const fs::path& p : {app / "ro", fijo.parent_path()})
+        for (const char* p : {"ajena", "ajena/dentro"})
+            ::lchown((app / p).c_str(), 0, 0);
+    }
+    for (const fs::path& p : {app / "ro", app / "ajena", fijo.parent_path()})
         ::chmod(p.c_str(), 0555);
     for (const char* p : {"Library/Caches/app/cerrada", "Library/Caches/app/vacia-cerrada", "Library/Caches/ilegible"})
         casa.sinPermisos(p);
@@ -40,18 +45,21 @@ TEST(Fallos, SoloLecturaInmutableYSinPermisosComoUsuarioComun)
         const Resultado r = limpiar(casa.entorno(), {categoria(Modo::borrar, {elemento(app, "app"),
                                                                              elemento(ilegible, "ilegible"),
                                                                              elemento(fijo, "archivo")})});
-        EXPECT_EQ(r.errores, (Lineas{"app: " + std::to_string(2 + inmutable) +
-                                         " de 6 elementos no se pudieron borrar (en uso o protegidos)",
+        EXPECT_EQ(r.errores, (Lineas{"app: " + std::to_string(1 + root + inmutable) +
+                                         " de 7 elementos no se pudieron borrar (en uso o protegidos)",
                                      "ilegible: no se pudo abrir (" + std::string(std::strerror(EACCES)) + ")",
                                      "archivo: " + std::string(std::strerror(EACCES))}));
         return !::testing::Test::HasFailure();
     });
     chattr("-i");
     EXPECT_TRUE(hijo);
-    // What could go went, hidden behind a mode 000 folder or not.
-    for (const char* ido : {"suelto", "sub", "vacia-cerrada"})
+    // What could go went, hidden behind a mode 000 folder or not; a folder
+    // of the user's that was made read-only went too, another user's stayed
+    // as it was.
+    for (const char* ido : {"suelto", "sub", "vacia-cerrada", "ro"})
         EXPECT_FALSE(existe(app / ido)) << ido;
-    EXPECT_TRUE(existe(app / "ro/dentro"));
+    EXPECT_EQ(existe(app / "ajena/dentro"), root);
+    EXPECT_EQ(fs::status(app / "ajena").permissions() == fs::perms(0555), root);
     EXPECT_TRUE(existe(app / "cerrada/secreto"));
     EXPECT_EQ(existe(app / "inmutable"), inmutable);
     EXPECT_TRUE(existe(ilegible / "x"));

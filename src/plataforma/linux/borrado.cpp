@@ -65,6 +65,19 @@ bool quitarNoCarpeta(int dir, const char* nombre, Contexto& c)
     return errno == ENOENT;
 }
 
+// A folder of the user's that is going away whole may have been made
+// read-only (Go's module cache and Bazel's output make theirs so, so that
+// nothing edits them); its owner can always make it writable again, as
+// their own tools do before they remove it. The system lets only the owner
+// change the mode, so others' folders stay as they are; root needs no
+// permission and changes nothing.
+void abrirParaVaciar(int fd)
+{
+    struct stat st;
+    if (::geteuid() != 0 && ::fstat(fd, &st) == 0 && (st.st_mode & S_IRWXU) != S_IRWXU)
+        ::fchmod(fd, (st.st_mode & 07777) | S_IRWXU);
+}
+
 // Removes one entry of the open folder `dir`, a whole subtree for a folder,
 // which lies `nivel` levels below the item. True when it is gone, whoever
 // removed it.
@@ -100,6 +113,7 @@ bool borrarEntrada(int dir, const char* nombre, unsigned char tipo, Contexto& c,
     IdMontaje propio;
     if (!montajeDe(fd.get(), propio) || !(propio == c.montaje))
         return false; // a mount point: not entered, and it can't be removed
+    abrirParaVaciar(fd.get());
     DIR* d = ::fdopendir(fd.get());
     if (d == nullptr)
         return false;
