@@ -258,6 +258,9 @@ varios ".local/share/pnpm/store/v3/files" 10 100
 varios ".config/Code/CachedExtensionVSIXs" 2 1000
 varios ".cache/ms-playwright/firefox-1447" 4 1500
 varios "miniconda3/pkgs/numpy-1.26.4" 3 1200
+# Go's module cache, read-only as Go leaves it.
+varios "go/pkg/mod/github.com/ejemplo/web@v1.4.0" 4 300
+chmod -R a-w "go/pkg/mod/github.com/ejemplo/web@v1.4.0"
 
 # Category "logs": the X server's log of the last session and a logs folder
 # of the Electron app; the running session's log stays, and so does

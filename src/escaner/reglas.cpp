@@ -61,6 +61,17 @@ const std::vector<Regla>& Escaner::programacion()
         {"composer", "Composer", {}, cache},
         {".composer/cache", "Composer", {}},
         {"pre-commit", "pre-commit", {}, cache},
+        // Bazel's output bases: every workspace's build outputs and fetched
+        // repositories, rebuilt by the next build.
+        {"bazel", "Bazel", {}, cache},
+        // Go's modules and Cargo's unpacked crates and checkouts come back
+        // on the next build, from the network or from Cargo's own archives.
+        {"go/pkg/mod", tr("Go (módulos)"), {}},
+        {".cargo/registry/src", "Cargo (Rust)", {}},
+        {".cargo/git/checkouts", "Cargo (Rust)", {}},
+        // NuGet's unpacked packages and its download cache, restored by dotnet.
+        {".nuget/packages", "NuGet", {}},
+        {"NuGet/v3-cache", "NuGet", {}, datos},
         // Caches, indexes and logs of the IDEs; in use while one runs.
         {"JetBrains",
          "JetBrains",
@@ -103,8 +114,14 @@ const std::vector<Regla>& Escaner::redescarga()
         {"torch", "PyTorch", {}, cache},
         {"colima", "Colima", {}, cache},
         {"dotslash", "dotslash", {}, cache},
-        // The Gradle wrapper downloads its distribution again when it runs.
+        // The Gradle and Maven wrappers download their distribution again
+        // when they run, Bazelisk its Bazel, Corepack its package managers,
+        // Selenium Manager its drivers and browsers.
         {".gradle/wrapper/dists", "Gradle (wrapper)", {}},
+        {".m2/wrapper/dists", "Maven (wrapper)", {}},
+        {"bazelisk", "Bazelisk", {}, cache},
+        {"node/corepack", "Corepack", {}, cache},
+        {".cache/selenium", "Selenium", {}},
         // Conda's package caches; environments keep working without them.
         {"miniconda3/pkgs", "Conda", {}},
         {"anaconda3/pkgs", "Conda", {}},

@@ -48,6 +48,7 @@ TEST(CasaLinux, CadaLugarEnSuCategoriaConSuTamano)
         {".cache/JetBrains", "dev"},
         {".local/share/pnpm/store", "dev"},
         {".config/Code/CachedExtensionVSIXs", "dev"},
+        {"go/pkg/mod", "dev"},
         {".cache/ms-playwright", "redescarga"},
         {"miniconda3/pkgs", "redescarga"},
         {"Descargas/google-chrome-stable_current_amd64.deb", "instaladores"},
