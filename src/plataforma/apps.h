@@ -29,6 +29,13 @@ struct AppAbierta {
 // the system lists them.
 std::vector<AppAbierta> appsAbiertas();
 
+// The application a process runs in, by the control groups it lies in (the
+// text of /proc/<pid>/cgroup): a Flatpak application's id from its scope
+// "app-flatpak-<id>-<n>.scope", a snap's "<snap>_<app>" (the id of its
+// desktop entry) from "snap.<snap>.<app>-<uuid>.scope". Absent for any
+// other process.
+std::optional<std::string> appDeGrupo(std::string_view grupos);
+
 // The .app bundles in a folder of applications, in walk order: bundles up to
 // four levels below it (a vendor's subfolders), hidden entries skipped, no
 // package entered, links not followed, no other file system entered. A folder

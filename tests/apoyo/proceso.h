@@ -65,6 +65,7 @@ public:
     ~ProgramaEnMarcha();
     ProgramaEnMarcha(const ProgramaEnMarcha&) = delete;
     ProgramaEnMarcha& operator=(const ProgramaEnMarcha&) = delete;
+    int pid() const { return pid_; }
 
 private:
     int pid_ = -1;

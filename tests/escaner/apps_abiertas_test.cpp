@@ -7,6 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <fstream>
+
 using Programa = apoyo::ProgramaEnMarcha;
 
 // An app is matched by its whole identifier, by the identifier and a point,
@@ -62,4 +67,56 @@ TEST(AppsAbiertas, ProgramasEnMarcha)
     EXPECT_FALSE(vistas.contains("app.vorlano.vorlano"));
     for (const auto& [bundle, nombre] : vistas)
         EXPECT_NE(nombre, "Oculto");
+}
+
+// Inside Flatpak's and Snap's sandboxes a program's executable is the
+// sandbox's own; the control group the desktop started it in names the
+// application, and its desktop entry the name shown.
+TEST(AppsAbiertas, AplicacionesDeFlatpakYSnapPorSuGrupo)
+{
+    const std::string uuid = "2a9b1c7d-1e2f-4a5b-8c9d-0e1f2a3b4c5d";
+    const std::pair<std::string, std::optional<std::string>> casos[] = {
+        {"0::/user.slice/user-1000.slice/user@1000.service/app.slice/app-flatpak-org.gimp.GIMP-4321.scope\n",
+         "org.gimp.GIMP"},
+        {"12:pids:/user.slice\n0::/app.slice/snap.firefox.firefox-" + uuid + ".scope\n", "firefox_firefox"},
+        {"0::/app.slice/snap.code-insiders.code-insiders-" + uuid + ".scope", "code-insiders_code-insiders"},
+        {"0::/app.slice/snap.lxd.hook.configure-" + uuid + ".scope", std::nullopt},
+        {"0::/app.slice/snap.firefox.firefox-1234.scope", std::nullopt},
+        {"0::/app.slice/app-gnome-org.gnome.Nautilus-1234.scope", std::nullopt},
+        {"0::/app.slice/app-flatpak-org.x.Y-.scope", std::nullopt},
+        {"0::/app.slice/app-flatpak-org.x.Y-12a.scope", std::nullopt},
+        {"0::/app.slice/app-flatpak-org.x.Y-12.scope/hijo", std::nullopt},
+        {"0::/user.slice/user-1000.slice/session-2.scope", std::nullopt},
+        {"", std::nullopt},
+    };
+    for (const auto& [grupos, app] : casos)
+        EXPECT_EQ(plataforma::appDeGrupo(grupos), app) << grupos;
+
+    // A process moved into such a group, where this system lets a test make one.
+    apoyo::CasaPrueba casa;
+    apoyo::Variable datos("XDG_DATA_HOME", casa.ruta("datos").string());
+    casa.archivoCon("datos/applications/org.ej.Notas.desktop",
+                    "[Desktop Entry]\nType=Application\nName=Notas\nExec=/usr/bin/flatpak run org.ej.Notas\n");
+    std::filesystem::path grupo;
+    for (const char* jerarquia : {"/sys/fs/cgroup/unified", "/sys/fs/cgroup/systemd", "/sys/fs/cgroup"})
+        if (::mkdir((grupo = std::string(jerarquia) + "/app-flatpak-org.ej.Notas-77.scope").c_str(), 0755) == 0)
+            break;
+        else
+            grupo.clear();
+    if (grupo.empty())
+        GTEST_SKIP() << "este sistema no deja crear un grupo de control";
+    bool visto = false;
+    {
+        Programa notas(casa.ruta("sandbox/bwrap"));
+        if (std::ofstream(grupo / "cgroup.procs") << notas.pid() << std::flush)
+            for (const auto& app : AppsAbiertas::actuales().apps)
+                visto = visto || (app.bundle == "org.ej.notas" && app.nombre == "Notas");
+        else
+            grupo.clear();
+    }
+    if (!grupo.empty())
+        ::rmdir(grupo.c_str());
+    if (grupo.empty())
+        GTEST_SKIP() << "este sistema no deja mover un proceso a otro grupo de control";
+    EXPECT_TRUE(visto);
 }
