@@ -33,13 +33,18 @@ struct Limpiador {
     // The same on a Linux home: the parents of the base folders and what a
     // user would lose with a whole folder: installed programs and fonts,
     // passwords, desktop entries, autostart and user services, Flatpak's
-    // per-application data, containers.
+    // per-application data, containers, and what every application of the
+    // desktop shares: icons, themes, file types, shell extensions and the
+    // desktop's settings database.
     static constexpr std::string_view raicesLinux[] = {
-        ".local/share",        ".local/state",           ".local/bin",
-        ".local/lib",          ".local/share/Trash",     ".local/share/keyrings",
-        ".local/share/kwalletd", ".local/share/applications", ".local/share/flatpak",
-        ".local/share/fonts",  ".local/share/containers", ".config/autostart",
-        ".config/systemd",     ".var/app"};
+        ".local/share",           ".local/state",              ".local/bin",
+        ".local/lib",             ".local/share/Trash",        ".local/share/keyrings",
+        ".local/share/kwalletd",  ".local/share/applications", ".local/share/flatpak",
+        ".local/share/fonts",     ".local/share/containers",   ".local/share/icons",
+        ".local/share/themes",    ".local/share/mime",         ".local/share/dbus-1",
+        ".local/share/systemd",   ".local/share/gnome-shell",  ".config/autostart",
+        ".config/systemd",        ".config/dconf",             ".config/environment.d",
+        ".var/app"};
 
     // Every protected root of this home, relative to it: both lists, the
     // base folders (cache, config, data and state homes) and the user's own

@@ -56,6 +56,8 @@ TEST(Permitido, RaicesDeUnaCasaLinux)
         {".local/share/keyrings", false, false},
         {".local/share/keyrings/login.keyring", true, true},
         {".config/autostart", false, false},
+        {".config/dconf", false, false},
+        {".local/share/icons", false, false},
         {".var/app", false, false},
         {".var/app/org.x.App", true, true},
         {".cache/x", true, true},
