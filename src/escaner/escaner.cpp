@@ -94,6 +94,15 @@ const std::unordered_set<std::string>& Escaner::cachesLinuxExcluidas()
     return nombres;
 }
 
+const std::unordered_map<std::string, std::vector<std::string>>& Escaner::duenosDeCaches()
+{
+    // Mozilla's programs share one folder named after the vendor, which
+    // neither program's name or desktop id says.
+    static const std::unordered_map<std::string, std::vector<std::string>> duenos{
+        {"mozilla", {"firefox", "firefox-esr", "org.mozilla.firefox", "thunderbird", "org.mozilla.thunderbird"}}};
+    return duenos;
+}
+
 int64_t Escaner::minimoGrande() const
 {
     constexpr int64_t porDefecto = 250'000'000;
@@ -160,8 +169,13 @@ std::vector<Categoria> Escaner::escanear(const Progreso& progreso) const
     progreso(tr("Revisando cachés de apps…"));
     std::vector<Elemento> apps =
         unir(hijos(entorno.ruta("Library/Caches"), &abiertas, incluirCacheDeApp), cachesDeElectron(abiertas));
-    if (const auto cache = base(plataforma::Base::cache))
-        apps = unir(std::move(apps), hijos(*cache, &abiertas, incluirCacheDeLinux));
+    if (const auto cache = base(plataforma::Base::cache)) {
+        std::vector<Elemento> deCache = hijos(*cache, &abiertas, incluirCacheDeLinux);
+        for (Elemento& e : deCache)
+            if (const auto it = duenosDeCaches().find(minusculas(e.nombre)); it != duenosDeCaches().end())
+                e.bundles = it->second;
+        apps = unir(std::move(apps), marcarUso(std::move(deCache), abiertas));
+    }
     apps = unir(unir(std::move(apps), cachesDeFlatpak(abiertas)), cachesDeSnap(abiertas));
     categorias.push_back(categoria("apps", std::move(apps)));
     categorias.push_back(categoria("logs", unir(unir(hijos(entorno.ruta("Library/Logs"), nullptr, incluirTodo),

@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -70,6 +71,9 @@ struct Escaner {
     // The same for the cache home: those, the folders a rule of another
     // category claims there, and what a desktop keeps there that isn't a cache.
     static const std::unordered_set<std::string>& cachesLinuxExcluidas();
+    // Lower-case names of children of the cache home whose owners their
+    // name doesn't tell, with the owners' desktop ids.
+    static const std::unordered_map<std::string, std::vector<std::string>>& duenosDeCaches();
 
     // Blocking; progreso is called on this thread except while measuring (then
     // from worker threads, so it must be safe for that).
