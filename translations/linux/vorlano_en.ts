@@ -402,6 +402,10 @@
         <translation>General</translation>
     </message>
     <message>
+        <source>Go (módulos)</source>
+        <translation>Go (modules)</translation>
+    </message>
+    <message>
         <source>Grande</source>
         <translation>Large</translation>
     </message>
