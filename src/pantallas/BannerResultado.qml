@@ -16,6 +16,10 @@ Item {
 
     readonly property var resultado: estado.resultado
     readonly property var errores: resultado ? resultado.errores : []
+    // Conditions of their own: an item's visible also reads its parent's,
+    // and the row below shows only when one of them holds.
+    readonly property bool conAvisos: errores.length > 0
+    readonly property bool conPapelera: !!resultado && resultado.enPapelera >= 1
 
     implicitHeight: columnaBanner.implicitHeight + 36
 
@@ -74,12 +78,12 @@ Item {
             RowLayout {
                 Layout.topMargin: 4
                 spacing: 14
-                visible: verAvisos.visible || papelera.visible
+                visible: banner.conAvisos || banner.conPapelera
 
                 Boton {
                     id: verAvisos
                     objectName: "verAvisos"
-                    visible: banner.errores.length > 0
+                    visible: banner.conAvisos
                     clase: "enlace"
                     simbolo: "exclamationmark.triangle.fill"
                     text: Rotulos.avisos(banner.errores.length)
@@ -90,17 +94,20 @@ Item {
                         objectName: "avisos"
                         y: verAvisos.height + 6
                         width: 460
-                        height: Math.min(320, listaAvisos.contentHeight + 24)
                         padding: 12
                         background: SuperficieTarjeta { color: Tema.superficieAlta; radius: 12 }
                         contentItem: ListView {
                             id: listaAvisos
+                            // A first guess makes the first rows, whose
+                            // heights then give the real one.
+                            implicitHeight: Math.min(296, Math.max(contentHeight, count * 20))
                             clip: true
                             spacing: 8
                             model: banner.errores
                             ScrollBar.vertical: ScrollBar {}
                             delegate: TextEdit {
                                 required property string modelData
+                                objectName: "textoAviso"
                                 width: ListView.view.width
                                 text: modelData
                                 readOnly: true
@@ -115,11 +122,11 @@ Item {
                 }
                 RowLayout {
                     id: papelera
-                    visible: banner.resultado !== null && banner.resultado !== undefined && banner.resultado.enPapelera >= 1
+                    visible: banner.conPapelera
                     spacing: 10
                     Label {
                         objectName: "lineaPapelera"
-                        text: papelera.visible ? Rotulos.lineaPapelera(banner.resultado.enPapelera) : ""
+                        text: banner.conPapelera ? Rotulos.lineaPapelera(banner.resultado.enPapelera) : ""
                         color: Tema.secundario
                         font.pixelSize: Tema.letra
                     }

@@ -11,9 +11,12 @@
 
 namespace {
 
+// The names inside these texts reach here already shown as text
+// (textoVisible, where the state hands them over); the texts' own line
+// breaks, which separate the question's paragraphs, must stay breaks.
 QString q(const std::string& texto)
 {
-    return QString::fromStdString(textoVisible(texto));
+    return QString::fromStdString(texto);
 }
 
 } // namespace
