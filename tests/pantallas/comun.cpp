@@ -3,6 +3,7 @@
 
 #include "estado/comun.h"
 #include "estado/preferencias.h"
+#include "estado/trabajo.h"
 
 #include <QGuiApplication>
 #include <QImage>
@@ -15,11 +16,15 @@
 
 namespace pantallas {
 
-VentanaPrueba::VentanaPrueba(bool bienvenidaVista)
+VentanaPrueba::VentanaPrueba(std::optional<bool> bienvenidaVista,
+                             const std::function<void(apoyo::CasaPrueba&)>& antes)
     // Before the first use of any of the program's singletons.
     : home_(std::make_unique<apoyo::Variable>("VORLANO_HOME", casa.raiz().string()))
 {
-    Preferencias::shared().ponerBienvenidaVista(bienvenidaVista);
+    if (antes)
+        antes(casa);
+    if (bienvenidaVista)
+        Preferencias::shared().ponerBienvenidaVista(*bienvenidaVista);
     app_ = std::make_unique<VorlanoApp>(casa.entorno());
     app_->abrirVentanaPrincipal();
     EXPECT_NE(ventana(), nullptr);
@@ -31,30 +36,60 @@ VentanaPrueba::~VentanaPrueba()
     app_.reset();
 }
 
-QObject* VentanaPrueba::buscar(const QString& nombre) const
+namespace {
+
+// Every object named `nombre` at and below `raiz`, through both trees:
+// delegates of views and repeaters hang from their visual parent only,
+// popups from the window's overlay.
+std::vector<QObject*> conNombre(const std::vector<QObject*>& raices, const QString& nombre, bool soloUno)
 {
-    QQuickWindow* w = app_->ventana();
-    if (w == nullptr)
-        return nullptr;
-    // Both trees: delegates of views and repeaters hang from their visual
-    // parent only, popups from the window's overlay.
-    std::vector<QObject*> pendientes{w, w->contentItem()};
+    std::vector<QObject*> r, pendientes = raices;
     QSet<QObject*> vistos;
-    while (!pendientes.empty()) {
+    while (!pendientes.empty() && !(soloUno && !r.empty())) {
         QObject* o = pendientes.back();
         pendientes.pop_back();
         if (o == nullptr || vistos.contains(o))
             continue;
         vistos.insert(o);
         if (o->objectName() == nombre)
-            return o;
+            r.push_back(o);
         for (QObject* h : o->children())
             pendientes.push_back(h);
         if (auto* item = qobject_cast<QQuickItem*>(o))
             for (QQuickItem* h : item->childItems())
                 pendientes.push_back(h);
     }
-    return nullptr;
+    return r;
+}
+
+} // namespace
+
+QObject* VentanaPrueba::buscar(const QString& nombre) const
+{
+    QQuickWindow* w = app_->ventana();
+    if (w == nullptr)
+        return nullptr;
+    const auto r = conNombre({w, w->contentItem()}, nombre, true);
+    return r.empty() ? nullptr : r.front();
+}
+
+QQuickItem* VentanaPrueba::buscar(const char* dentro, const char* nombre) const
+{
+    QObject* o = buscar(dentro);
+    if (o == nullptr)
+        return nullptr;
+    const auto r = conNombre({o}, QString::fromUtf8(nombre), true);
+    return r.empty() ? nullptr : qobject_cast<QQuickItem*>(r.front());
+}
+
+std::vector<QQuickItem*> VentanaPrueba::todos(const char* dentro, const char* nombre) const
+{
+    std::vector<QQuickItem*> r;
+    if (QObject* o = buscar(dentro))
+        for (QObject* x : conNombre({o}, QString::fromUtf8(nombre), false))
+            if (auto* item = qobject_cast<QQuickItem*>(x))
+                r.push_back(item);
+    return r;
 }
 
 QVariant VentanaPrueba::leer(const char* nombre, const char* propiedad) const
@@ -100,6 +135,19 @@ void VentanaPrueba::asentar(int ms)
     QDeadlineTimer limite(ms);
     while (!limite.hasExpired())
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+TrabajoRetenido::TrabajoRetenido()
+{
+    QThreadPool* grupo = grupoDeTrabajo();
+    ocupados_ = grupo->maxThreadCount();
+    for (int i = 0; i < ocupados_; ++i)
+        grupo->start([this] { paso_.acquire(); });
+}
+
+void TrabajoRetenido::soltar()
+{
+    paso_.release(std::exchange(ocupados_, 0));
 }
 
 bool hasta(const std::function<bool()>& cond)

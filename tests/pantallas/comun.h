@@ -13,9 +13,13 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
+#include <functional>
 #include <memory>
+#include <optional>
 #include <ostream>
+#include <semaphore>
 #include <string>
+#include <vector>
 
 // Readable texts in the failures of the tests.
 inline void PrintTo(const QString& s, std::ostream* os)
@@ -27,8 +31,11 @@ namespace pantallas {
 
 class VentanaPrueba {
 public:
-    // The welcome already seen, unless asked otherwise.
-    explicit VentanaPrueba(bool bienvenidaVista = true);
+    // The welcome already seen, unless asked otherwise (nullopt: as the
+    // settings file says). `antes` prepares the home, the settings file or
+    // the history before anything of the program has read them.
+    explicit VentanaPrueba(std::optional<bool> bienvenidaVista = true,
+                           const std::function<void(apoyo::CasaPrueba&)>& antes = {});
     ~VentanaPrueba();
 
     apoyo::CasaPrueba casa;
@@ -40,6 +47,10 @@ public:
     // The object of that objectName in the window, or null.
     QObject* buscar(const QString& nombre) const;
     QObject* buscar(const char* nombre) const { return buscar(QString::fromUtf8(nombre)); }
+    // The object of that objectName below the one named `dentro`, or null.
+    QQuickItem* buscar(const char* dentro, const char* nombre) const;
+    // Every item of that objectName below the one named `dentro`.
+    std::vector<QQuickItem*> todos(const char* dentro, const char* nombre) const;
     // Its property; an invalid value when the object is missing.
     QVariant leer(const char* nombre, const char* propiedad) const;
     // Whether it is there and shown, its parents too.
@@ -62,6 +73,22 @@ public:
 private:
     std::unique_ptr<apoyo::Variable> home_;
     std::unique_ptr<VorlanoApp> app_;
+};
+
+// Keeps every worker of the state objects busy while it lives, so that an
+// operation started meanwhile waits in its first state (analysing,
+// measuring) for as long as a test looks at it.
+class TrabajoRetenido {
+public:
+    TrabajoRetenido();
+    ~TrabajoRetenido() { soltar(); }
+    TrabajoRetenido(const TrabajoRetenido&) = delete;
+    TrabajoRetenido& operator=(const TrabajoRetenido&) = delete;
+    void soltar();
+
+private:
+    std::counting_semaphore<> paso_{0};
+    int ocupados_ = 0;
 };
 
 // Runs the event loop until cond holds; the bound only stops a broken test.
