@@ -67,7 +67,7 @@ ApplicationWindow {
                         font.pixelSize: Tema.letra
                         wrapMode: Text.Wrap
                     }
-                    ComboBox {
+                    Selector {
                         objectName: "aviso"
                         implicitWidth: 120
                         model: datos.opcionesAviso

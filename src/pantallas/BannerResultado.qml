@@ -95,7 +95,7 @@ Item {
                         y: verAvisos.height + 6
                         width: 460
                         padding: 12
-                        background: SuperficieTarjeta { color: Tema.superficieAlta; radius: 12 }
+                        background: SuperficieFlotante { color: Tema.superficieAlta; radius: 12 }
                         contentItem: ListView {
                             id: listaAvisos
                             // A first guess makes the first rows, whose

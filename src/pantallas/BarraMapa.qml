@@ -67,9 +67,10 @@ Item {
             objectName: "mostrar"
             simbolo: "magnifyingglass"
             Accessible.name: qsTranslate("Vorlano", "Mostrar en el Finder")
-            ToolTip.visible: hovered
-            ToolTip.delay: 600
-            ToolTip.text: qsTranslate("Vorlano", "Mostrar en el Finder")
+            Ayuda {
+                visible: parent.hovered
+                text: qsTranslate("Vorlano", "Mostrar en el Finder")
+            }
             onClicked: barra.baldosas.mostrar(barra.nodo)
         }
         Boton {
@@ -86,9 +87,11 @@ Item {
             simbolo: "lock.fill"
             tamano: 20
             color: Tema.secundario
-            ToolTip.visible: candado.containsMouse
-            ToolTip.delay: 300
-            ToolTip.text: barra.impedimento
+            Ayuda {
+                visible: candado.containsMouse
+                delay: 300
+                text: barra.impedimento
+            }
             MouseArea { id: candado; anchors.fill: parent; hoverEnabled: true }
         }
     }

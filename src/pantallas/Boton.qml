@@ -17,7 +17,7 @@ Button {
                                            : clase === "enlace" ? Tema.acento : Tema.texto
 
     padding: clase === "enlace" ? 2 : (grande ? 12 : 8)
-    leftPadding: clase === "enlace" ? 2 : (grande ? 22 : 14)
+    leftPadding: clase === "enlace" ? 2 : text === "" ? padding : (grande ? 22 : 14)
     rightPadding: leftPadding
     font.pixelSize: grande ? Tema.letraTitular - 1 : Tema.letra
     font.weight: relleno ? Font.DemiBold : Font.Medium
@@ -34,6 +34,8 @@ Button {
             color: boton.tinta
         }
         Label {
+            // A button of a symbol alone stays square.
+            visible: boton.text !== ""
             text: boton.text
             font: boton.font
             color: boton.tinta

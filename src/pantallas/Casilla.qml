@@ -24,7 +24,8 @@ AbstractButton {
         color: casilla.marca === 0 ? Tema.secundario : Tema.acento
     }
 
-    ToolTip.visible: ayuda !== "" && hovered
-    ToolTip.text: ayuda
-    ToolTip.delay: 600
+    Ayuda {
+        visible: casilla.ayuda !== "" && casilla.hovered
+        text: casilla.ayuda
+    }
 }

@@ -127,7 +127,7 @@ ColumnLayout {
                 Layout.topMargin: 6
                 Layout.bottomMargin: 6
                 spacing: 10
-                BusyIndicator { implicitWidth: 22; implicitHeight: 22; running: parent.visible }
+                Rueda { implicitWidth: 20; implicitHeight: 20 }
                 Label {
                     text: qsTranslate("Vorlano", "Buscando sus archivos…")
                     color: Tema.secundario
@@ -201,11 +201,10 @@ ColumnLayout {
             font.weight: Font.DemiBold
         }
 
-        BusyIndicator {
+        Rueda {
             visible: detalle.estado.trabajando
-            running: visible
-            implicitWidth: 28
-            implicitHeight: 28
+            implicitWidth: 26
+            implicitHeight: 26
         }
         Boton {
             objectName: "botonDesinstalar"

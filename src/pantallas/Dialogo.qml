@@ -24,7 +24,7 @@ Popup {
     padding: 24
     closePolicy: Popup.CloseOnEscape
 
-    background: SuperficieTarjeta { radius: 16 }
+    background: SuperficieFlotante { radius: 16 }
     T.Overlay.modal: Rectangle { color: Tema.oscuro ? "#99000000" : "#55000000" }
 
     contentItem: ColumnLayout {

@@ -88,9 +88,10 @@ Item {
                 color: parent.hovered ? Tema.sutil : "transparent"
             }
             Accessible.name: qsTranslate("Vorlano", "Mostrar en el Finder")
-            ToolTip.visible: hovered
-            ToolTip.text: qsTranslate("Vorlano", "Mostrar en el Finder")
-            ToolTip.delay: 600
+            Ayuda {
+                visible: parent.hovered
+                text: qsTranslate("Vorlano", "Mostrar en el Finder")
+            }
             onClicked: fila.mostrar()
         }
     }

@@ -10,6 +10,9 @@ Switch {
     hoverEnabled: true
     spacing: 12
     padding: 4
+    // Its words line up with the other rows of a card.
+    leftPadding: 0
+    rightPadding: 0
     Accessible.name: text
 
     indicator: Rectangle {

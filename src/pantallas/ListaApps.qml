@@ -44,11 +44,10 @@ ColumnLayout {
         Layout.fillWidth: true
         Layout.fillHeight: true
 
-        BusyIndicator {
+        Rueda {
             objectName: "cargando"
             anchors.centerIn: parent
-            running: lista.estado.cargando
-            visible: running
+            visible: lista.estado.cargando
         }
 
         ListView {

@@ -75,9 +75,10 @@ RowLayout {
         background: Rectangle { radius: 6; color: parent.hovered ? Tema.sutil : "transparent" }
         contentItem: Icono { simbolo: "arrow.clockwise"; tamano: 18; color: Tema.texto }
         Accessible.name: qsTranslate("Vorlano", "Volver a medir")
-        ToolTip.visible: hovered
-        ToolTip.delay: 600
-        ToolTip.text: qsTranslate("Vorlano", "Volver a medir")
+        Ayuda {
+            visible: parent.hovered
+            text: qsTranslate("Vorlano", "Volver a medir")
+        }
         onClicked: migas.estado.medir()
     }
 }

@@ -179,7 +179,7 @@ ApplicationWindow {
         padding: 28
         closePolicy: Popup.NoAutoClose
         visible: ventana.verBienvenida
-        background: SuperficieTarjeta { radius: 18 }
+        background: SuperficieFlotante { radius: 18 }
         T.Overlay.modal: Rectangle { color: Tema.oscuro ? "#99000000" : "#55000000" }
 
         contentItem: Bienvenida {

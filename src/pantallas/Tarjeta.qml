@@ -23,9 +23,6 @@ AbstractButton {
     hoverEnabled: true
     padding: 16
     implicitHeight: 150
-    ToolTip.text: qsTranslate("Vorlano", "Ver en Limpieza")
-    ToolTip.visible: hovered
-    ToolTip.delay: 600
     Accessible.name: titulo
 
     // Fades in by its place in the grid.
@@ -93,5 +90,10 @@ AbstractButton {
             font.pixelSize: Tema.letraChica
             elide: Text.ElideRight
         }
+    }
+
+    Ayuda {
+        visible: tarjeta.hovered
+        text: qsTranslate("Vorlano", "Ver en Limpieza")
     }
 }

@@ -118,7 +118,7 @@ SuperficieTarjeta {
                         radius: Math.min(5, width / 2, height / 2)
                         gradient: Gradient {
                             GradientStop { position: 0; color: Tema.turquesa }
-                            GradientStop { position: 1; color: Tema.acento }
+                            GradientStop { position: 1; color: Tema.azul }
                         }
                     }
                     Label {

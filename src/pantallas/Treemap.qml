@@ -46,6 +46,17 @@ Item {
             width: ancho
             height: alto
 
+            // On a light window the white outline of the selection needs a
+            // dark edge around it to be seen.
+            Rectangle {
+                visible: baldosa.elegida && !Tema.oscuro
+                anchors.fill: parent
+                anchors.margins: mapa.baldosas.margen - 1.5
+                radius: 8.5
+                color: "transparent"
+                border.color: Qt.rgba(0, 0, 0, 0.45)
+                border.width: 1.5
+            }
             Rectangle {
                 anchors.fill: parent
                 anchors.margins: mapa.baldosas.margen
@@ -111,9 +122,11 @@ Item {
                 onDoubleClicked: if (baldosa.abrible) mapa.estado.entrar(baldosa.nodo)
             }
 
-            ToolTip.visible: puntero.containsMouse
-            ToolTip.delay: 700
-            ToolTip.text: ayuda
+            Ayuda {
+                visible: puntero.containsMouse
+                delay: 700
+                text: baldosa.ayuda
+            }
         }
     }
 }

@@ -77,9 +77,10 @@ Item {
                 anchors.centerIn: parent
                 visible: vista.estado.estaTrabajando
                 spacing: 16
-                BusyIndicator {
+                Rueda {
                     Layout.alignment: Qt.AlignHCenter
-                    running: parent.visible
+                    implicitWidth: 44
+                    implicitHeight: 44
                 }
                 Label {
                     objectName: "progreso"

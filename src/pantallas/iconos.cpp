@@ -26,6 +26,7 @@ constexpr Simbolo tabla[] = {
     {"arrow.clockwise", 0xe5d5},                  // refresh
     {"chevron.right", 0xe5cc},                    // chevron_right
     {"xmark", 0xe5cd},                            // close
+    {"chevron.up.chevron.down", 0xe5d7},          // unfold_more
     // states and checkboxes
     {"checkmark.seal", 0xef76},                // verified
     {"checkmark.circle.fill", 0xe86c},         // check_circle
