@@ -80,17 +80,17 @@ Item {
                 const g = ctx.createLinearGradient(cx + r, cy - r, cx - r, cy + r)
                 g.addColorStop(0, colores[0])
                 g.addColorStop(1, colores[1])
-                ctx.strokeStyle = g
-                ctx.beginPath(); ctx.arc(cx, cy, r, inicio, inicio + parte * 2 * Math.PI); ctx.stroke()
-                // What a cleaning could free: the end of the filled arc.
+                // What a cleaning could free: the end of the filled arc, in
+                // green up to its rounded end.
                 const v = Math.min(anillo.verde, parte)
+                const lleno = v > 0.003 ? parte - v : parte
+                ctx.strokeStyle = g
+                ctx.beginPath(); ctx.arc(cx, cy, r, inicio, inicio + lleno * 2 * Math.PI); ctx.stroke()
                 if (v > 0.003) {
-                    ctx.lineCap = "butt"
                     ctx.strokeStyle = Tema.verde
                     ctx.beginPath()
-                    ctx.arc(cx, cy, r, inicio + (parte - v) * 2 * Math.PI, inicio + parte * 2 * Math.PI)
+                    ctx.arc(cx, cy, r, inicio + lleno * 2 * Math.PI, inicio + parte * 2 * Math.PI)
                     ctx.stroke()
-                    ctx.lineCap = "round"
                 }
             }
             if (anillo.analizando) {

@@ -72,91 +72,107 @@ ColumnLayout {
         }
     }
 
-    Rectangle { Layout.fillWidth: true; implicitHeight: 1; color: Tema.borde }
-
     ScrollView {
+        id: desplazable
         Layout.fillWidth: true
         Layout.fillHeight: true
         contentWidth: availableWidth
         clip: true
 
-        ColumnLayout {
-            width: parent.width
-            spacing: 0
+        // What goes, on one card.
+        Item {
+            width: desplazable.availableWidth
+            implicitHeight: tarjeta.implicitHeight + 32
 
-            // The application itself goes, always.
-            RowLayout {
-                objectName: "filaApp"
-                Layout.fillWidth: true
-                Layout.leftMargin: 12
-                Layout.rightMargin: 54
-                Layout.topMargin: 8
-                Layout.bottomMargin: 8
-                spacing: 10
-                Casilla { marca: 1; enabled: false }
+            SuperficieTarjeta {
+                id: tarjeta
+                x: 16
+                y: 16
+                width: parent.width - 32
+                implicitHeight: filas.implicitHeight + 12
+
                 ColumnLayout {
-                    Layout.fillWidth: true
-                    spacing: 1
-                    Label {
+                    id: filas
+                    x: 0
+                    y: 6
+                    width: parent.width
+                    spacing: 0
+
+                    // The application itself goes, always.
+                    RowLayout {
+                        objectName: "filaApp"
                         Layout.fillWidth: true
-                        text: detalle.app ? detalle.app.archivo : ""
-                        color: Tema.texto
-                        font.pixelSize: Tema.letra
-                        elide: Text.ElideMiddle
+                        Layout.leftMargin: 12
+                        Layout.rightMargin: 54
+                        Layout.topMargin: 8
+                        Layout.bottomMargin: 8
+                        spacing: 10
+                        Casilla { marca: 1; enabled: false }
+                        ColumnLayout {
+                            Layout.fillWidth: true
+                            spacing: 1
+                            Label {
+                                Layout.fillWidth: true
+                                text: detalle.app ? detalle.app.archivo : ""
+                                color: Tema.texto
+                                font.pixelSize: Tema.letra
+                                elide: Text.ElideMiddle
+                            }
+                            Label {
+                                objectName: "nota"
+                                Layout.fillWidth: true
+                                text: detalle.vista.nota
+                                color: Tema.secundario
+                                font.pixelSize: Tema.letraChica
+                                wrapMode: Text.Wrap
+                            }
+                        }
+                        Label {
+                            text: Rotulos.bytes(detalle.app ? detalle.app.tamano : 0)
+                            color: Tema.secundario
+                            font.pixelSize: Tema.letra
+                        }
                     }
+
+                    RowLayout {
+                        objectName: "buscando"
+                        visible: detalle.estado.buscandoRestos
+                        Layout.leftMargin: 14
+                        Layout.topMargin: 6
+                        Layout.bottomMargin: 6
+                        spacing: 10
+                        Rueda { implicitWidth: 20; implicitHeight: 20 }
+                        Label {
+                            text: qsTranslate("Vorlano", "Buscando sus archivos…")
+                            color: Tema.secundario
+                            font.pixelSize: Tema.letra
+                        }
+                    }
+
+                    Repeater {
+                        objectName: "restos"
+                        model: detalle.estado.buscandoRestos ? null : detalle.estado.restos
+                        delegate: FilaElemento {
+                            sangria: 12
+                            required property int index
+                            required property var model
+                            Layout.fillWidth: true
+                            onMarcado: (valor) => model.seleccionado = valor
+                            onMostrar: detalle.estado.restos.mostrarEnArchivos(index)
+                        }
+                    }
+
                     Label {
-                        objectName: "nota"
+                        objectName: "sinRestos"
+                        visible: !detalle.estado.buscandoRestos && detalle.estado.restos.cantidad === 0
                         Layout.fillWidth: true
-                        text: detalle.vista.nota
+                        Layout.margins: 14
+                        text: qsTranslate("Vorlano", "No dejó otros archivos en tu carpeta personal.")
                         color: Tema.secundario
-                        font.pixelSize: Tema.letraChica
+                        font.pixelSize: Tema.letra
                         wrapMode: Text.Wrap
                     }
                 }
-                Label {
-                    text: Rotulos.bytes(detalle.app ? detalle.app.tamano : 0)
-                    color: Tema.secundario
-                    font.pixelSize: Tema.letra
-                }
-            }
-
-            RowLayout {
-                objectName: "buscando"
-                visible: detalle.estado.buscandoRestos
-                Layout.leftMargin: 14
-                Layout.topMargin: 6
-                Layout.bottomMargin: 6
-                spacing: 10
-                Rueda { implicitWidth: 20; implicitHeight: 20 }
-                Label {
-                    text: qsTranslate("Vorlano", "Buscando sus archivos…")
-                    color: Tema.secundario
-                    font.pixelSize: Tema.letra
-                }
-            }
-
-            Repeater {
-                objectName: "restos"
-                model: detalle.estado.buscandoRestos ? null : detalle.estado.restos
-                delegate: FilaElemento {
-                    sangria: 12
-                    required property int index
-                    required property var model
-                    Layout.fillWidth: true
-                    onMarcado: (valor) => model.seleccionado = valor
-                    onMostrar: detalle.estado.restos.mostrarEnArchivos(index)
-                }
-            }
-
-            Label {
-                objectName: "sinRestos"
-                visible: !detalle.estado.buscandoRestos && detalle.estado.restos.cantidad === 0
-                Layout.fillWidth: true
-                Layout.margins: 14
-                text: qsTranslate("Vorlano", "No dejó otros archivos en tu carpeta personal.")
-                color: Tema.secundario
-                font.pixelSize: Tema.letra
-                wrapMode: Text.Wrap
             }
         }
     }
