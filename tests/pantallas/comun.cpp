@@ -23,6 +23,8 @@ VentanaPrueba::VentanaPrueba(std::optional<bool> bienvenidaVista,
 {
     if (antes)
         antes(casa);
+    // As the program's start registers them.
+    Preferencias::shared().registrarDefectos();
     if (bienvenidaVista)
         Preferencias::shared().ponerBienvenidaVista(*bienvenidaVista);
     app_ = std::make_unique<VorlanoApp>(casa.entorno());

@@ -9,6 +9,8 @@
 #include "estado/estado_apps.h"
 #include "nucleo/textos.h"
 
+#include <QMimeData>
+
 using pantallas::VentanaPrueba;
 
 namespace {
@@ -36,6 +38,47 @@ std::vector<std::string> filasRestos(VentanaPrueba& v)
     }
     return r;
 }
+
+// A drag of those paths over the section, and its drop unless told not to.
+void arrastrar(VentanaPrueba& v, const std::vector<fs::path>& rutas, bool soltar = true)
+{
+    auto* zona = qobject_cast<QQuickItem*>(v.buscar("desinstalar"));
+    const QPoint p = zona->mapToScene(QPointF(zona->width() / 2, zona->height() / 2)).toPoint();
+    QMimeData datos;
+    QList<QUrl> urls;
+    // The bytes of each path as they are, whatever their encoding.
+    for (const fs::path& r : rutas)
+        urls.append(QUrl::fromEncoded("file://" + QByteArray::fromStdString(r.native()).toPercentEncoding("/")));
+    datos.setUrls(urls);
+    QDragEnterEvent entra(p, Qt::CopyAction, &datos, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(v.ventana(), &entra);
+    QDragMoveEvent mueve(p, Qt::CopyAction, &datos, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(v.ventana(), &mueve);
+    if (soltar) {
+        QDropEvent suelta(p, Qt::CopyAction, &datos, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(v.ventana(), &suelta);
+    }
+    v.asentar();
+}
+
+// chattr +i for as long as it lives, where the file system has it.
+class Inmutable {
+public:
+    explicit Inmutable(fs::path p) : ruta_(std::move(p))
+    {
+        activo_ = apoyo::ejecutarPrograma("/usr/bin/chattr", {"+i", ruta_.string()}).estado == 0;
+    }
+    ~Inmutable()
+    {
+        if (activo_)
+            apoyo::ejecutarPrograma("/usr/bin/chattr", {"-i", ruta_.string()});
+    }
+    bool activo() const { return activo_; }
+
+private:
+    fs::path ruta_;
+    bool activo_ = false;
+};
 
 } // namespace
 
@@ -130,4 +173,80 @@ TEST(PantallaDesinstalar, AbiertaNoSeDesinstala)
     programa.reset();
     EXPECT_TRUE(pantallas::hasta([&] { return !v.visible("abierta"); }));
     EXPECT_TRUE(v.leer("botonDesinstalar", "enabled").toBool());
+}
+
+// A bundle the system won't let move stays chosen, with the error in the
+// footer in place of the total; its leftovers stay where they were.
+TEST(PantallaDesinstalar, MovimientoFallido)
+{
+    VentanaPrueba v;
+    const fs::path bundle = crearApp(v.casa.ruta("Applications/Gamma.app"), "org.prueba.gamma");
+    v.casa.archivo("Library/Caches/org.prueba.gamma/a", 40 * 4096);
+    EstadoApps* apps = abrirSeccion(v);
+    const Inmutable fija(bundle);
+    if (!fija.activo())
+        GTEST_SKIP() << "este sistema de archivos no admite chattr +i";
+    v.pulsar("app-Gamma");
+    ASSERT_TRUE(pantallas::hasta([&] { return !apps->buscandoRestos(); }));
+    v.pulsar("botonDesinstalar");
+    v.pulsar(v.buscar("confirmarDesinstalar", "aceptar"));
+    ASSERT_TRUE(pantallas::hasta([&] { return apps->resultado().has_value() && !apps->trabajando(); }));
+    v.asentar();
+    EXPECT_TRUE(v.visible("detalle"));
+    EXPECT_FALSE(v.visible("exito"));
+    EXPECT_EQ(v.texto("nombre"), "Gamma");
+    EXPECT_NE(v.buscar("app-Gamma"), nullptr);
+    EXPECT_FALSE(v.visible("total"));
+    ASSERT_EQ(apps->resultado()->second.errores.size(), 1u);
+    EXPECT_TRUE(apps->resultado()->second.errores[0].starts_with("Gamma: ")) << apps->resultado()->second.errores[0];
+    EXPECT_TRUE(v.visible("errores"));
+    EXPECT_TRUE(fs::exists(bundle / "Contents/Info.plist"));
+    EXPECT_TRUE(fs::exists(v.casa.ruta("Library/Caches/org.prueba.gamma/a")));
+    pantallas::capturar(v.ventana(), "desinstalar-fallo");
+}
+
+// Dropping on the section: the dashed outline while something is over it;
+// only the first item counts, and only an application bundle with its
+// property list chooses anything.
+TEST(PantallaDesinstalar, Soltar)
+{
+    VentanaPrueba v;
+    crearApp(v.casa.ruta("Applications/Beta.app"), "org.prueba.beta");
+    const fs::path suelta = crearApp(v.casa.ruta("Descargas/Suelta.app"), "org.prueba.suelta");
+    const fs::path nota = v.casa.archivo("Documents/nota.txt", 100);
+    const fs::path sinInfo = v.casa.crearDir("Documents/x.app/Contents/MacOS");
+    const fs::path raro = crearApp(v.casa.ruta("Documents/\xff\xfe.app"), "org.prueba.raro");
+    EstadoApps* apps = abrirSeccion(v);
+
+    arrastrar(v, {suelta}, false);
+    EXPECT_TRUE(v.visible("contorno"));
+    pantallas::capturar(v.ventana(), "desinstalar-soltando");
+    QDragLeaveEvent sale;
+    QCoreApplication::sendEvent(v.ventana(), &sale);
+    v.asentar();
+    EXPECT_FALSE(v.visible("contorno"));
+
+    std::vector<fs::path> cincuenta{nota, suelta};
+    for (int i = 0; i < 48; ++i)
+        cincuenta.push_back(v.casa.archivo("Documents/otro" + std::to_string(i), 10));
+    for (const auto& rutas : std::vector<std::vector<fs::path>>{
+             {nota}, {sinInfo.parent_path().parent_path()}, cincuenta}) {
+        arrastrar(v, rutas);
+        EXPECT_FALSE(v.visible("contorno"));
+        EXPECT_FALSE(apps->elegida()) << rutas.front();
+        EXPECT_TRUE(v.visible("vacio")) << rutas.front();
+    }
+    // A name that isn't UTF-8 reaches the uninstaller as the same bytes.
+    arrastrar(v, {raro});
+    ASSERT_TRUE(pantallas::hasta([&] { return apps->elegida() && !apps->buscandoRestos(); }));
+    EXPECT_EQ(apps->elegida()->url, raro);
+    v.asentar();
+    EXPECT_EQ(v.texto("nombre"), "\uFFFD\uFFFD");
+
+    std::swap(cincuenta[0], cincuenta[1]);
+    arrastrar(v, cincuenta);
+    ASSERT_TRUE(pantallas::hasta([&] { return apps->elegida()->url == suelta && !apps->buscandoRestos(); }));
+    v.asentar();
+    EXPECT_EQ(v.texto("nombre"), "Suelta");
+    EXPECT_NE(v.buscar("app-Suelta"), nullptr);
 }

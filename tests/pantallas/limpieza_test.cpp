@@ -241,6 +241,10 @@ TEST(PantallaLimpieza, DeLaVentanaAlDisco)
     EXPECT_EQ(aBorrar.size(), 6u);
     EXPECT_EQ(papelera, apoyo::asignado(c.ruta("Documents/grande.bin")));
     pantallas::capturar(v.ventana(), "limpieza-marcada");
+    v.pulsar("seccion-resumen");
+    EXPECT_EQ(v.leer("anillo", "liberable").toLongLong(), e.seleccionado());
+    pantallas::capturar(v.ventana(), "resumen-liberable");
+    v.pulsar("seccion-limpieza");
 
     // Swapped for a link after the analysis: refused, and said so.
     fs::rename(c.ruta("Library/Caches/app.tres"), c.crearDir("Otra") / "app.tres");
@@ -419,4 +423,44 @@ TEST(Resumen, TarjetasYAcciones)
     v.pulsar("seccion-resumen");
     v.pulsar("acceso-mapa");
     EXPECT_EQ(v.seccion(), "mapa");
+}
+
+// A history written by someone else: an entry two years ahead and one
+// eight years old show the card with empty weeks and count in the total
+// only; the chart's axis turns from megabytes to gigabytes between
+// 999,999,999 and 1,000,000,000 bytes in a week.
+TEST(Resumen, HistorialRaroYUnidad)
+{
+    using namespace std::chrono;
+    const auto segundos = [](system_clock::time_point t) {
+        return std::to_string(duration_cast<seconds>(t.time_since_epoch()).count() - 978'307'200);
+    };
+    VentanaPrueba v(true, [&](apoyo::CasaPrueba& casa) {
+        const auto ahora = system_clock::now();
+        casa.archivoCon("Library/Application Support/Vorlano/historial.json",
+                        "[{\"fecha\": " + segundos(ahora + days(730)) +
+                            ", \"borrado\": 7000000000, \"papelera\": 0, \"tipo\": \"limpieza\"},"
+                            " {\"fecha\": " + segundos(ahora - days(8 * 365)) +
+                            ", \"borrado\": 0, \"papelera\": 5000000, \"tipo\": \"mapa\"}]");
+    });
+    const auto unidades = [&] {
+        std::set<std::string> r;
+        for (const QQuickItem* m : v.todos("grafico", "marca"))
+            r.insert(m->property("text").toString().section(QLatin1Char(' '), 1).toStdString());
+        return r;
+    };
+    EXPECT_TRUE(v.visible("historial"));
+    EXPECT_EQ(v.texto("esteMes"), formatoBytes(0));
+    EXPECT_EQ(v.texto("totalHistorial"), formatoBytes(7'005'000'000) + " en total con Vorlano");
+    EXPECT_EQ(unidades(), std::set<std::string>{"MB"});
+    pantallas::capturar(v.ventana(), "resumen-historial-raro");
+
+    auto& historial = HistorialCompartido::shared();
+    historial.anotar({.borrado = 999'999'999}, "limpieza");
+    v.asentar(800);
+    EXPECT_EQ(v.texto("esteMes"), formatoBytes(999'999'999));
+    EXPECT_EQ(unidades(), std::set<std::string>{"MB"});
+    historial.anotar({.enPapelera = 1}, "mapa");
+    v.asentar();
+    EXPECT_EQ(unidades(), std::set<std::string>{"GB"});
 }

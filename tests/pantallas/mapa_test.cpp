@@ -8,10 +8,12 @@
 #include "estado/estado_mapa.h"
 #include "nucleo/textos.h"
 #include "pantallas/modelo_baldosas.h"
+#include "plataforma/papelera.h"
 
 #include <QTest>
 
 using pantallas::VentanaPrueba;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -49,11 +51,6 @@ TEST(PantallaMapa, MedirElegirEntrarYMover)
     pantallas::capturar(v.ventana(), "mapa-inicio");
 
     v.pulsar("medir");
-    // The ring, as long as the measurement lasts.
-    if (mapa->midiendo()) {
-        EXPECT_TRUE(v.visible("midiendo"));
-        pantallas::capturar(v.ventana(), "mapa-midiendo");
-    }
     ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
     v.asentar(400);
     EXPECT_TRUE(v.visible("paginaMapa"));
@@ -69,6 +66,13 @@ TEST(PantallaMapa, MedirElegirEntrarYMover)
     EXPECT_FALSE(v.visible("moverAPapelera"));
     EXPECT_TRUE(v.visible("abrir"));
     pantallas::capturar(v.ventana(), "mapa-seleccion");
+
+    // Pictures' files are each below a node of their own: no folder mark,
+    // and a double click stays where it is.
+    EXPECT_FALSE(v.leer("baldosa-Pictures", "abrible").toBool());
+    EXPECT_TRUE(v.leer("baldosa-Music", "abrible").toBool());
+    dobleClic(v, "baldosa-Pictures");
+    EXPECT_EQ(mapa->actual(), raiz);
 
     dobleClic(v, "baldosa-Documents");
     const auto docs = hijo(raiz, "Documents");
@@ -98,8 +102,9 @@ TEST(PantallaMapa, MedirElegirEntrarYMover)
     EXPECT_EQ(docs->tamano, antes[1] - movido);
     EXPECT_EQ(raiz->tamano, antes[2] - movido);
     EXPECT_EQ(v.buscar("baldosa-datos"), nullptr);
-    // What is left fills the map: the small file alone, or folded into "Otros".
-    EXPECT_TRUE(v.buscar("baldosa-notas") != nullptr || v.buscar("baldosa-Otros") != nullptr);
+    // What is left, below a tile of its own, fills the map as "Otros".
+    EXPECT_NE(v.buscar("baldosa-Otros"), nullptr);
+    EXPECT_EQ(v.buscar("baldosa-notas"), nullptr);
     EXPECT_EQ(v.texto("tamanoActual"), formatoBytes(a->tamano));
     EXPECT_FALSE(std::filesystem::exists(v.casa.ruta("Documents/a/datos")));
 
@@ -117,11 +122,56 @@ TEST(PantallaMapa, MedirElegirEntrarYMover)
     v.pulsar("volverAMedir");
     EXPECT_TRUE(v.visible("paginaMapa"));
     EXPECT_FALSE(v.visible("midiendo"));
-    if (mapa->midiendo())
+    if (mapa->midiendo()) {
         EXPECT_FALSE(v.visible("volverAMedir"));
+    }
     ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo(); }));
     v.asentar();
     EXPECT_TRUE(v.visible("volverAMedir"));
+}
+
+// The ring while measuring, and a cancel before the first result leaves
+// the start page; measuring again runs in full, and a file whose name isn't
+// UTF-8 is shown, selected and moved to the Trash by its own bytes.
+TEST(PantallaMapa, CancelarYNombreRaro)
+{
+    VentanaPrueba v;
+    const fs::path raro = v.casa.reservado("Documents/\xff\xfe-raro.bin", 2'000'000);
+    v.casa.reservado("Documents/otro.bin", 3'000'000);
+    auto* mapa = v.buscar("mapa")->property("estado").value<EstadoMapa*>();
+    v.pulsar("seccion-mapa");
+    {
+        pantallas::TrabajoRetenido retenido;
+        v.pulsar("medir");
+        EXPECT_TRUE(v.visible("midiendo"));
+        EXPECT_EQ(v.texto("porcentaje"), "0 %");
+        pantallas::capturar(v.ventana(), "mapa-midiendo");
+        v.pulsar(v.buscar("midiendo", "cancelar"));
+        // The page stays until the measurement has noticed.
+        EXPECT_TRUE(v.visible("midiendo"));
+    }
+    ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo(); }));
+    v.asentar();
+    EXPECT_TRUE(v.visible("inicio"));
+    EXPECT_FALSE(mapa->raiz());
+
+    v.pulsar("medir");
+    ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
+    v.asentar(400);
+    dobleClic(v, "baldosa-Documents");
+    const std::string nombre = "baldosa-\uFFFD\uFFFD-raro.bin";
+    v.pulsar(nombre);
+    ASSERT_TRUE(mapa->seleccion());
+    EXPECT_EQ(mapa->seleccion()->ruta, raro);
+    EXPECT_EQ(v.texto("nombreSeleccion"), "\uFFFD\uFFFD-raro.bin");
+    v.pulsar("moverAPapelera");
+    EXPECT_EQ(v.leer("confirmarMover", "titulo").toString().toStdString(), "¿Mover \uFFFD\uFFFD-raro.bin a la Papelera?");
+    v.pulsar(v.buscar("confirmarMover", "aceptar"));
+    ASSERT_TRUE(pantallas::hasta([&] { return !fs::exists(fs::symlink_status(raro)); }));
+    v.asentar();
+    EXPECT_EQ(v.buscar(nombre.c_str()), nullptr);
+    const auto papelera = apoyo::papelera(plataforma::carpetaPapelera().parent_path());
+    EXPECT_TRUE(papelera.contains(raro.string()));
 }
 
 // Labels only on tiles whose inset cell exceeds 70 by 36; sixty equal
