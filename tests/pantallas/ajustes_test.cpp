@@ -89,20 +89,21 @@ TEST(PantallaAjustes, AvisosInterruptoresYBienvenida)
     EXPECT_TRUE(Preferencias::shared().bienvenidaVista());
 }
 
-// A settings file nobody sane wrote: each value that means nothing counts
-// as its default (the welcome not seen, the tray item on, 20 GB), and the
-// window and the settings open as usual.
+// A settings file nobody sane wrote: a value that means nothing counts as
+// its default (the welcome not seen, 20 GB), while the one sensible value
+// in it (the tray item off) shows that the file was read; the window and
+// the settings open as usual.
 TEST(PantallaAjustes, ValoresSinSentido)
 {
     VentanaPrueba v(std::nullopt, [](apoyo::CasaPrueba&) {
         const std::filesystem::path conf = std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "Vorlano/Vorlano.conf";
         std::filesystem::create_directories(conf.parent_path());
-        std::ofstream(conf) << "[General]\nbarraMenu=quizas\navisoGB=muchos\nbienvenidaVista=7\n\x01\xff=\x02\n[[roto\n=\n";
+        std::ofstream(conf) << "[General]\nbarraMenu=false\navisoGB=muchos\nbienvenidaVista=7\n\x01\xff=\x02\n[[roto\n=\n";
     });
     EXPECT_TRUE(v.visible("bienvenida"));
-    EXPECT_TRUE(Preferencias::shared().conBarraMenu());
+    EXPECT_FALSE(Preferencias::shared().conBarraMenu());
     v.app().abrirAjustes();
     v.asentar();
     EXPECT_EQ(enAjustes(v, "aviso")->property("displayText").toString().toStdString(), "20 GB");
-    EXPECT_TRUE(enAjustes(v, "barraMenu")->property("checked").toBool());
+    EXPECT_FALSE(enAjustes(v, "barraMenu")->property("checked").toBool());
 }
