@@ -101,6 +101,14 @@ Item {
                 height: 1
                 color: Tema.sutil
             }
+            // The category's level runs down the left edge of its items.
+            Rectangle {
+                x: 1
+                width: 3
+                height: parent.height - (parent.ultimo ? Tema.radio : 0)
+                radius: 1.5
+                color: Tema.colorNivel(fila.model.nivel)
+            }
             FilaElemento {
                 id: filaElemento
                 objectName: "elemento-" + fila.model.indiceCategoria + "-" + fila.model.indiceElemento
