@@ -4,6 +4,7 @@
 #   scripts/dev.sh demo    install what is missing, build, make a demo home, scan it and map it
 #   scripts/dev.sh test    install what is missing, build, run every test
 #   scripts/dev.sh build   install what is missing and build
+#   scripts/dev.sh app     install what is missing, build, make the demo home and open the window on it
 #   scripts/dev.sh capturas  run the screens' tests, which leave a PNG of each state in build/capturas
 #   scripts/dev.sh package   build the Debian package into build/ (vorlano_<version>_<arch>.deb)
 #   scripts/dev.sh instalar-limpio  install that package with apt on a fresh Debian 12 made by
@@ -71,6 +72,18 @@ case "${1:-}" in
     echo
     VORLANO_HOME="$casa" "$build/vorlano" --mapa
     ;;
+  app)
+    # The window needs a desktop; without one, QT_QPA_PLATFORM=offscreen
+    # runs it unseen (the screenshots of `capturas` show it instead).
+    if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
+      echo "dev.sh app: no hay escritorio (DISPLAY o WAYLAND_DISPLAY); prueba scripts/dev.sh capturas" >&2
+      exit 2
+    fi
+    instalar; compilar
+    casa="${VORLANO_DEMO:-$build/casa-demo}"
+    "$raiz/scripts/casa-demo.sh" "$casa"
+    VORLANO_HOME="$casa" VORLANO_GRANDE_MB=20 exec "$build/vorlano"
+    ;;
   test)
     instalar; compilar
     ctest --test-dir "$build" --output-on-failure -j"$(nproc)"
@@ -98,7 +111,7 @@ case "${1:-}" in
     "$raiz/scripts/catalogos.py"
     ;;
   *)
-    echo "uso: scripts/dev.sh demo|test|build|capturas|package|instalar-limpio|textos" >&2
+    echo "uso: scripts/dev.sh demo|app|test|build|capturas|package|instalar-limpio|textos" >&2
     exit 2
     ;;
 esac
