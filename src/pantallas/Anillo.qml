@@ -3,7 +3,6 @@
 // figure in its middle.
 import QtQuick
 import QtQuick.Controls.Basic
-import QtQuick.Shapes
 import Vorlano
 
 Item {
@@ -21,32 +20,30 @@ Item {
         enabled: !Tema.movimientoReducido
         NumberAnimation { duration: 350; easing.type: Easing.OutCubic }
     }
+    onAvanceChanged: lienzo.requestPaint()
+    onTinteChanged: lienzo.requestPaint()
 
-    Shape {
+    Canvas {
+        id: lienzo
         anchors.fill: parent
-        layer.enabled: true
-        layer.samples: 4
-        ShapePath {
-            strokeColor: Tema.sutil
-            strokeWidth: anillo.grosor
-            fillColor: "transparent"
-            PathAngleArc {
-                centerX: anillo.width / 2; centerY: anillo.height / 2
-                radiusX: (anillo.width - anillo.grosor) / 2; radiusY: radiusX
-                startAngle: 0; sweepAngle: 360
+        onPaint: {
+            const ctx = getContext("2d")
+            ctx.reset()
+            const r = (Math.min(width, height) - anillo.grosor) / 2
+            const inicio = -Math.PI / 2
+            ctx.lineWidth = anillo.grosor
+            ctx.strokeStyle = Tema.sutil
+            ctx.beginPath(); ctx.arc(width / 2, height / 2, r, 0, 2 * Math.PI); ctx.stroke()
+            const parte = Math.max(0, Math.min(100, anillo.avance)) / 100
+            if (parte > 0) {
+                ctx.lineCap = "round"
+                ctx.strokeStyle = anillo.tinte
+                ctx.beginPath(); ctx.arc(width / 2, height / 2, r, inicio, inicio + parte * 2 * Math.PI); ctx.stroke()
             }
         }
-        ShapePath {
-            strokeColor: anillo.tinte
-            strokeWidth: anillo.grosor
-            fillColor: "transparent"
-            capStyle: ShapePath.RoundCap
-            PathAngleArc {
-                centerX: anillo.width / 2; centerY: anillo.height / 2
-                radiusX: (anillo.width - anillo.grosor) / 2; radiusY: radiusX
-                startAngle: -90
-                sweepAngle: 360 * Math.max(0, Math.min(100, anillo.avance)) / 100
-            }
+        Connections {
+            target: Tema
+            function onCambiado() { lienzo.requestPaint() }
         }
     }
 

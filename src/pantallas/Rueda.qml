@@ -2,7 +2,6 @@
 // Work in progress: an arc turning round a faint track, like the program's
 // rings. Under reduced motion the arc stands still.
 import QtQuick
-import QtQuick.Shapes
 import Vorlano
 
 Item {
@@ -10,35 +9,29 @@ Item {
 
     property bool running: true
     property color tinte: Tema.acento
-    readonly property real grosor: Math.max(2.5, width / 9)
 
     implicitWidth: 30
     implicitHeight: 30
 
-    Shape {
+    // Drawn once; the turning is the item's.
+    Canvas {
+        id: lienzo
         anchors.fill: parent
-        layer.enabled: true
-        layer.samples: 4
-        ShapePath {
-            strokeColor: Tema.sutil
-            strokeWidth: rueda.grosor
-            fillColor: "transparent"
-            PathAngleArc {
-                centerX: rueda.width / 2; centerY: rueda.height / 2
-                radiusX: (rueda.width - rueda.grosor) / 2; radiusY: radiusX
-                startAngle: 0; sweepAngle: 360
-            }
+        onPaint: {
+            const ctx = getContext("2d")
+            ctx.reset()
+            const grosor = Math.max(2.5, width / 9)
+            const r = (Math.min(width, height) - grosor) / 2
+            ctx.lineWidth = grosor
+            ctx.strokeStyle = Tema.sutil
+            ctx.beginPath(); ctx.arc(width / 2, height / 2, r, 0, 2 * Math.PI); ctx.stroke()
+            ctx.lineCap = "round"
+            ctx.strokeStyle = rueda.tinte
+            ctx.beginPath(); ctx.arc(width / 2, height / 2, r, -Math.PI / 2, Math.PI / 8); ctx.stroke()
         }
-        ShapePath {
-            strokeColor: rueda.tinte
-            strokeWidth: rueda.grosor
-            fillColor: "transparent"
-            capStyle: ShapePath.RoundCap
-            PathAngleArc {
-                centerX: rueda.width / 2; centerY: rueda.height / 2
-                radiusX: (rueda.width - rueda.grosor) / 2; radiusY: radiusX
-                startAngle: -90; sweepAngle: 100
-            }
+        Connections {
+            target: Tema
+            function onCambiado() { lienzo.requestPaint() }
         }
         NumberAnimation on rotation {
             running: rueda.running && rueda.visible && !Tema.movimientoReducido
