@@ -124,6 +124,15 @@ void VentanaPrueba::pulsar(const QString& nombre)
     pulsar(item);
 }
 
+void VentanaPrueba::dobleClic(const std::string& nombre)
+{
+    auto* item = qobject_cast<QQuickItem*>(buscar(QString::fromStdString(nombre)));
+    ASSERT_NE(item, nullptr) << nombre;
+    const QPointF centro = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
+    QTest::mouseDClick(ventana(), Qt::LeftButton, {}, centro.toPoint());
+    asentar();
+}
+
 void VentanaPrueba::analizar()
 {
     QSignalSpy fin(&estado(), &Estado::analisisTerminado);

@@ -61,6 +61,8 @@ public:
     void pulsar(const QString& nombre);
     void pulsar(const char* nombre) { pulsar(QString::fromUtf8(nombre)); }
     void pulsar(const std::string& nombre) { pulsar(QString::fromStdString(nombre)); }
+    // A double click at the middle of the item of that objectName.
+    void dobleClic(const std::string& nombre);
     // The text an object shows, and the section the window shows.
     std::string texto(const char* nombre) const { return leer(nombre, "text").toString().toStdString(); }
     std::string seccion() const { return app_->ventana()->property("seccion").toString().toStdString(); }

@@ -11,24 +11,13 @@
 #include "estado/historial_compartido.h"
 #include "nucleo/formato.h"
 
-#include <QTest>
-
 using pantallas::VentanaPrueba;
 
 namespace {
 
-void dobleClic(VentanaPrueba& v, const std::string& nombre)
-{
-    auto* item = qobject_cast<QQuickItem*>(v.buscar(nombre.c_str()));
-    ASSERT_NE(item, nullptr) << nombre;
-    const QPoint centro = item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
-    QTest::mouseDClick(v.ventana(), Qt::LeftButton, {}, centro);
-    v.asentar();
-}
-
 bool enLaPapelera(const fs::path& ruta)
 {
-    return apoyo::papelera(plataforma::carpetaPapelera().parent_path()).contains(ruta.string());
+    return enPapelera().contains(ruta.string());
 }
 
 } // namespace
@@ -84,7 +73,7 @@ TEST(Demo, TresPantallas)
     ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
     v.asentar(400);
     pantallas::capturar(v.ventana(), "demo-mapa");
-    dobleClic(v, "baldosa-Vídeos");
+    v.dobleClic("baldosa-Vídeos");
     const auto videos = mapa->actual();
     ASSERT_EQ(videos->nombre, "Vídeos");
     const int64_t antes = videos->tamano;

@@ -25,15 +25,6 @@ std::shared_ptr<NodoDisco> hijo(const std::shared_ptr<NodoDisco>& n, std::string
     return nullptr;
 }
 
-void dobleClic(VentanaPrueba& v, const char* nombre)
-{
-    auto* item = qobject_cast<QQuickItem*>(v.buscar(nombre));
-    ASSERT_NE(item, nullptr) << nombre;
-    const QPoint centro = item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
-    QTest::mouseDClick(v.ventana(), Qt::LeftButton, {}, centro);
-    v.asentar();
-}
-
 } // namespace
 
 TEST(PantallaMapa, MedirElegirEntrarYMover)
@@ -71,13 +62,13 @@ TEST(PantallaMapa, MedirElegirEntrarYMover)
     // and a double click stays where it is.
     EXPECT_FALSE(v.leer("baldosa-Pictures", "abrible").toBool());
     EXPECT_TRUE(v.leer("baldosa-Music", "abrible").toBool());
-    dobleClic(v, "baldosa-Pictures");
+    v.dobleClic("baldosa-Pictures");
     EXPECT_EQ(mapa->actual(), raiz);
 
-    dobleClic(v, "baldosa-Documents");
+    v.dobleClic("baldosa-Documents");
     const auto docs = hijo(raiz, "Documents");
     EXPECT_EQ(mapa->actual(), docs);
-    dobleClic(v, "baldosa-a");
+    v.dobleClic("baldosa-a");
     const auto a = hijo(docs, "a");
     ASSERT_EQ(mapa->actual(), a);
     EXPECT_TRUE(v.visible("miga-2"));
@@ -158,7 +149,7 @@ TEST(PantallaMapa, CancelarYNombreRaro)
     v.pulsar("medir");
     ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
     v.asentar(400);
-    dobleClic(v, "baldosa-Documents");
+    v.dobleClic("baldosa-Documents");
     const std::string nombre = "baldosa-\uFFFD\uFFFD-raro.bin";
     v.pulsar(nombre);
     ASSERT_TRUE(mapa->seleccion());
