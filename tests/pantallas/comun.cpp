@@ -161,6 +161,27 @@ void TrabajoRetenido::soltar()
     paso_.release(std::exchange(ocupados_, 0));
 }
 
+GestorArchivos::GestorArchivos()
+    : conexion_(QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("gestor-archivos")))
+{
+    activo_ = conexion_.isConnected() &&
+              conexion_.registerObject(QStringLiteral("/org/freedesktop/FileManager1"), this,
+                                       QDBusConnection::ExportAllSlots) &&
+              conexion_.registerService(QStringLiteral("org.freedesktop.FileManager1"));
+}
+
+GestorArchivos::~GestorArchivos()
+{
+    conexion_.unregisterService(QStringLiteral("org.freedesktop.FileManager1"));
+    conexion_.unregisterObject(QStringLiteral("/org/freedesktop/FileManager1"));
+    QDBusConnection::disconnectFromBus(QStringLiteral("gestor-archivos"));
+}
+
+void GestorArchivos::ShowItems(const QStringList& uris, const QString&)
+{
+    mostrados_.push_back(uris);
+}
+
 bool hasta(const std::function<bool()>& cond)
 {
     QDeadlineTimer limite(120'000);

@@ -10,6 +10,7 @@
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
 
+#include <QDBusConnection>
 #include <QQuickItem>
 #include <QQuickWindow>
 
@@ -91,6 +92,27 @@ public:
 private:
     std::counting_semaphore<> paso_{0};
     int ocupados_ = 0;
+};
+
+// org.freedesktop.FileManager1 on the test's session bus, on a connection
+// of its own: keeps every list of items it is asked to show.
+class GestorArchivos : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
+public:
+    GestorArchivos();
+    ~GestorArchivos() override;
+    // Whether the name could be taken.
+    bool activo() const { return activo_; }
+    const std::vector<QStringList>& mostrados() const { return mostrados_; }
+
+public Q_SLOTS:
+    void ShowItems(const QStringList& uris, const QString& arranque);
+
+private:
+    QDBusConnection conexion_;
+    bool activo_ = false;
+    std::vector<QStringList> mostrados_;
 };
 
 // Runs the event loop until cond holds; the bound only stops a broken test.

@@ -336,7 +336,8 @@ TEST(PantallaLimpieza, DeLaVentanaAlDisco)
 
 // A category of 5,000 items unfolds as rows made only for what is on
 // screen, scrolls to its last item and ticks it; a name that isn't UTF-8
-// and one of 255 bytes show among them.
+// and one of 255 bytes show among them, and the first is shown in the file
+// manager by its own bytes.
 TEST(PantallaLimpieza, MilesDeElementos)
 {
     constexpr int n = 5000;
@@ -346,6 +347,8 @@ TEST(PantallaLimpieza, MilesDeElementos)
         casa.reservado("Library/Logs/\xff\xfe.log", 17 * 4096);
         casa.reservado("Library/Logs/" + std::string(251, 'l') + ".log", 17 * 4096);
     });
+    pantallas::GestorArchivos gestor;
+    ASSERT_TRUE(gestor.activo());
     v.pulsar("seccion-limpieza");
     v.analizar();
     const Estado& e = v.estado();
@@ -391,6 +394,14 @@ TEST(PantallaLimpieza, MilesDeElementos)
         const std::string fila = "elemento-" + std::to_string(logs) + "-" + std::to_string(i);
         EXPECT_EQ(v.leer(fila.c_str(), "nombre").toString().toStdString(),
                   largo ? els[i].nombre : "\uFFFD\uFFFD.log");
+        // Shown in the file manager by the bytes of its path.
+        if (raro) {
+            v.pulsar(v.buscar(fila.c_str(), "mostrar"));
+            ASSERT_TRUE(pantallas::hasta([&] { return !gestor.mostrados().empty(); }));
+            EXPECT_EQ(gestor.mostrados().back(),
+                      QStringList{QString::fromLatin1("file://" + QByteArray::fromStdString(els[i].url.native())
+                                                                      .toPercentEncoding("/"))});
+        }
     }
     EXPECT_EQ(vistos, 2);
 }
