@@ -73,9 +73,13 @@ TEST(Demo, TresPantallas)
     ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
     v.asentar(400);
     pantallas::capturar(v.ventana(), "demo-mapa");
+    // The places left out are named on every level.
+    const std::string protegidas = "No se miden (protegidas por macOS): Fotos.photoslibrary, Mail, Trash.";
+    EXPECT_EQ(v.texto("protegidas"), protegidas);
     v.dobleClic("baldosa-Vídeos");
     const auto videos = mapa->actual();
     ASSERT_EQ(videos->nombre, "Vídeos");
+    EXPECT_EQ(v.texto("protegidas"), protegidas);
     const int64_t antes = videos->tamano;
     v.pulsar("baldosa-boda.mov");
     ASSERT_TRUE(mapa->seleccion());

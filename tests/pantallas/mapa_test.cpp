@@ -54,6 +54,8 @@ TEST(PantallaMapa, MedirElegirEntrarYMover)
     EXPECT_EQ(mapa->seleccion(), hijo(raiz, "Documents"));
     EXPECT_TRUE(v.visible("seleccion"));
     EXPECT_TRUE(v.visible("candado"));
+    EXPECT_EQ(v.leer("barraInferior", "impedimento").toString().toStdString(),
+              "Carpeta del sistema o de tu cuenta: no se puede mover desde aquí");
     EXPECT_FALSE(v.visible("moverAPapelera"));
     EXPECT_TRUE(v.visible("abrir"));
     pantallas::capturar(v.ventana(), "mapa-seleccion");
