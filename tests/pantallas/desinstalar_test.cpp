@@ -7,6 +7,7 @@
 #include "desinstalador/fixturas.h"
 #include "estado/comun.h"
 #include "estado/estado_apps.h"
+#include "estado/trabajo.h"
 #include "nucleo/textos.h"
 
 #include <QMimeData>
@@ -92,7 +93,8 @@ TEST(PantallaDesinstalar, ElegirMarcarYDesinstalar)
     crearApp(v.casa.ruta("Applications/Alfa.app"), "org.prueba.alfa");
     crearApp(v.casa.ruta("Applications/Beta.app"), "org.prueba.beta");
     v.casa.archivo("Applications/Beta.app/Contents/MacOS/beta", 100 * 4096);
-    v.casa.muchos("Library/Application Support/org.prueba.alfa", 50, 4096);
+    // A slower search than Beta's, so that its answer tends to come last.
+    v.casa.muchos("Library/Application Support/org.prueba.alfa", 20000, 0);
     v.casa.archivo("Library/Caches/org.prueba.beta/a", 300 * 4096);
     v.casa.archivo("Library/Preferences/org.prueba.beta.plist", 2 * 4096);
     EstadoApps* apps = abrirSeccion(v);
@@ -100,9 +102,17 @@ TEST(PantallaDesinstalar, ElegirMarcarYDesinstalar)
     EXPECT_FALSE(v.visible("detalle"));
     pantallas::capturar(v.ventana(), "desinstalar-vacio");
 
-    v.pulsar("app-Alfa");
-    v.pulsar("app-Beta");
+    // Both searches wait until both are asked for, then run side by side.
+    {
+        pantallas::TrabajoRetenido retenido;
+        v.pulsar("app-Alfa");
+        v.pulsar("app-Beta");
+        EXPECT_TRUE(v.visible("buscando"));
+    }
+    // Both have ended and both answers have come back, in whatever order.
+    ASSERT_TRUE(grupoDeTrabajo()->waitForDone(120'000));
     ASSERT_TRUE(pantallas::hasta([&] { return !apps->buscandoRestos(); }));
+    v.asentar();
     v.asentar();
     EXPECT_EQ(v.texto("nombre"), "Beta");
     EXPECT_EQ(v.texto("nota"), "La app");
