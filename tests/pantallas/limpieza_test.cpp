@@ -150,6 +150,7 @@ TEST(PantallaLimpieza, CasillaYAppsAbiertas)
     v.pulsar(v.buscar("categoria-apps", "casillaCategoria"));
     EXPECT_EQ(marcados(v, "categoria-apps"), 0);
     EXPECT_EQ(e.seleccionado(), 0);
+    EXPECT_TRUE(v.visible("cabecera-listas"));
     EXPECT_FALSE(v.leer("limpiar", "enabled").toBool());
     EXPECT_FALSE(v.visible("insignia"));
     v.pulsar(v.buscar("categoria-apps", "casillaCategoria"));
