@@ -234,6 +234,8 @@ varios ".config/discord/GPUCache" 2 100
 varios ".config/discord/Local Storage/leveldb" 3 100
 varios ".config/google-chrome/Default/Code Cache/js" 3 100
 archivo ".config/google-chrome/Default/History" 300
+# Beside the profiles, the browser's shader caches are offered; the profiles never.
+varios ".config/google-chrome/GrShaderCache" 4 200
 varios ".var/app/org.gimp.GIMP/cache/gimp" 6 600
 # GIMP came from Flathub into the user's installation, so its data folder is
 # an installed application's, never an orphan's.

@@ -14,8 +14,12 @@ namespace fs = std::filesystem;
 namespace {
 
 // Cache folders of an Electron-style app, in the order they are offered.
-constexpr const char* carpetasElectron[] = {"Cache",           "Code Cache",      "GPUCache",
-                                            "DawnGraphiteCache", "DawnWebGPUCache", "CachedData"};
+// A Chromium-family browser keeps its shader caches beside its profiles in
+// the config home (GrShaderCache, ShaderCache, GraphiteDawnCache); the
+// profiles themselves are never offered.
+constexpr const char* carpetasElectron[] = {"Cache",          "Code Cache",      "GPUCache",          "DawnGraphiteCache",
+                                            "DawnWebGPUCache", "CachedData",     "GrShaderCache",     "ShaderCache",
+                                            "GraphiteDawnCache"};
 
 // A real folder: a link to one doesn't count.
 bool esCarpeta(const fs::path& p)
@@ -58,7 +62,8 @@ std::vector<fs::path> Escaner::appsElectron() const
                 continue;
             const fs::path app = *raiz / nombre;
             // An app folder that is a link leads elsewhere: never looked into.
-            if (esCarpeta(app) && (plataforma::existe(app / "Code Cache") || plataforma::existe(app / "GPUCache")))
+            if (esCarpeta(app) && (plataforma::existe(app / "Code Cache") || plataforma::existe(app / "GPUCache") ||
+                                   plataforma::existe(app / "GrShaderCache")))
                 r.push_back(app);
         }
     }

@@ -38,6 +38,7 @@ TEST(CasaLinux, CadaLugarEnSuCategoriaConSuTamano)
         {".cache/fontconfig", "apps"},
         {".config/discord/Cache", "apps"},
         {".config/discord/Code Cache", "apps"},
+        {".config/google-chrome/GrShaderCache", "apps"},
         {".var/app/org.gimp.GIMP/cache", "apps"},
         {"snap/spotify/84/.cache", "apps"},
         {"snap/spotify/common/.cache", "apps"},
@@ -61,7 +62,7 @@ TEST(CasaLinux, CadaLugarEnSuCategoriaConSuTamano)
         EXPECT_EQ(donde[lugar], categoria) << lugar;
     // What a desktop keeps that is no cache, and what is already on its way out.
     for (const auto& [lugar, categoria] : donde)
-        for (const char* nunca : {".cache/sessions", ".config/discord/Local Storage", ".config/google-chrome",
+        for (const char* nunca : {".cache/sessions", ".config/discord/Local Storage", ".config/google-chrome/Default",
                                   ".var/app/org.gimp.GIMP/config", ".local/share/xorg/Xorg.0.log",
                                   ".local/share/Trash", ".local/share/keyrings", ".config/autostart",
                                   ".xsession-errors.old", "snap/spotify/current"})
