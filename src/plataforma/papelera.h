@@ -3,6 +3,7 @@
 
 #include "plataforma/borrado.h"
 
+#include <atomic>
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -38,5 +39,12 @@ std::optional<std::string> vaciarPapelera();
 
 // The folder of the user's Trash (which need not exist yet).
 std::filesystem::path carpetaPapelera();
+
+namespace pruebas {
+// Called, when set, once the entry and the folders on its way have been
+// checked and just before it is renamed into the Trash, so that a test can
+// widen the window of a race. Never set by the program.
+inline std::atomic<void (*)()> pausaAntesDeMover{nullptr};
+} // namespace pruebas
 
 } // namespace plataforma

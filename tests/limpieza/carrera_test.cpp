@@ -121,6 +121,8 @@ TEST(Carrera, VaciarEnSitio)
 // link on the way takes the canary's own.
 TEST(Carrera, MoverALaPapelera)
 {
+    // Widens the window between the checks and the move.
+    plataforma::pruebas::pausaAntesDeMover = [] { esperar(20); };
     correr({.preparar = [](CasaPrueba& casa) { casa.archivoCon("Projects/web/sub/hondo", "h"); },
             .cambiadas = {"Projects/web", "Projects/web/sub"},
             .actuar =
@@ -129,10 +131,12 @@ TEST(Carrera, MoverALaPapelera)
                             {categoria(Modo::papelera, {elemento(casa.ruta("Projects/web/sub"), "sub")})});
                 },
             .vueltas = 1000});
+    plataforma::pruebas::pausaAntesDeMover = nullptr;
 }
 
 TEST(Carrera, RestosDeUnaAppDesinstalada)
 {
+    plataforma::pruebas::pausaAntesDeMover = [] { esperar(20); };
     correr({.preparar =
                 [](CasaPrueba& casa) {
                     casa.crearDir("Applications/Editor.app/Contents");
@@ -148,4 +152,53 @@ TEST(Carrera, RestosDeUnaAppDesinstalada)
                     Desinstalador(casa.entorno()).desinstalar(app, {resto});
                 },
             .vueltas = 1000});
+    plataforma::pruebas::pausaAntesDeMover = nullptr;
+}
+
+// The same swap made exactly in the windows the code has, between listing a
+// child and removing it, and between the checks and the move into the Trash:
+// where the rounds above may need hundreds of tries to hit one, these hit it
+// every time.
+TEST(Carrera, CambioEnCadaVentana)
+{
+    Fuera canario(true);
+    CasaPrueba casa(true);
+    apoyo::Variable datos("XDG_DATA_HOME", casa.ruta(".local/share").string());
+    // Static, for the pauses, which capture nothing: the folder to swap for a
+    // link to the canary, once.
+    static fs::path cambiar, canarioRaiz;
+    canarioRaiz = canario.raiz;
+    static const auto cambio = [] {
+        if (cambiar.empty())
+            return;
+        const fs::path quien = std::exchange(cambiar, {});
+        ::rename(quien.c_str(), (quien.parent_path() / ".real").c_str());
+        ::symlink(canarioRaiz.c_str(), quien.c_str());
+    };
+    plataforma::pruebas::pausaTrasListar = [](const char* nombre) {
+        if (std::string_view(nombre) == "sub")
+            cambio();
+    };
+    plataforma::pruebas::pausaAntesDeMover = [] { cambio(); };
+    // The canary has a sub/ of its own for a removal that follows the link.
+    const struct {
+        Modo modo;
+        const char* item;
+        const char* cambiada;
+    } casos[] = {
+        {Modo::borrar, "Library/Caches/app", "Library/Caches/app/sub"},
+        {Modo::papelera, "Library/Caches/app/sub", "Library/Caches/app"},
+        {Modo::papelera, "Library/Caches/app/sub", "Library/Caches/app/sub"},
+    };
+    for (const auto& c : casos) {
+        casa.archivoCon("Library/Caches/app/sub/hondo", "h");
+        cambiar = casa.ruta(c.cambiada);
+        limpiar(casa.entorno(), {categoria(c.modo, {elemento(casa.ruta(c.item), "e")})});
+        EXPECT_TRUE(cambiar.empty()) << c.cambiada << ": no hubo cambio";
+        EXPECT_TRUE(canario.intacto()) << c.cambiada;
+        apoyo::borrarArbol(casa.ruta("Library/Caches"));
+        plataforma::vaciarPapelera();
+    }
+    plataforma::pruebas::pausaTrasListar = nullptr;
+    plataforma::pruebas::pausaAntesDeMover = nullptr;
 }

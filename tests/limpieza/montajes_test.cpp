@@ -84,7 +84,9 @@ TEST(Montajes, NingunaRetiradaCruzaUnPuntoDeMontaje)
 }
 
 // A process of the same namespace binds the folder outside onto the item and
-// onto the folder above it and takes it away again, as fast as it can.
+// onto the folder above it and takes it away again, as fast as it can, while
+// the item is emptied, moved to the Trash, or goes as an uninstalled
+// application's leftover.
 TEST(Montajes, MontajesQueVanYVienen)
 {
     CasaPrueba casa(true);
@@ -123,7 +125,7 @@ TEST(Montajes, MontajesQueVanYVienen)
                 ++*cambios;
             }
         }
-        for (const Retirada como : {Retirada::borrar, Retirada::papelera})
+        for (const Retirada como : {Retirada::borrar, Retirada::papelera, Retirada::desinstalar})
             for (int vuelta = 0; vuelta < 1000 && !::testing::Test::HasFailure(); ++vuelta) {
                 casa.archivoCon("Library/Caches/app/sub/victima/dato", "propio");
                 // Under way before the removal starts.

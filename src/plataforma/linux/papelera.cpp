@@ -103,6 +103,8 @@ Traslado moverAPapelera(const fs::path& base, const fs::path& relativa)
             t.error = descripcionError(errno);
             return t;
         }
+        if (auto pausa = pruebas::pausaAntesDeMover.load(std::memory_order_relaxed))
+            pausa();
         // The entry swapped since it was looked at goes as what it now is:
         // a link is moved as a link, never followed.
         if (::renameat2(dir.get(), ultimo.c_str(), papelera.archivos.get(), nombre->c_str(), RENAME_NOREPLACE) ==
