@@ -3,16 +3,13 @@
 
 #include "plataforma/calendario.h"
 #include "plataforma/escritura.h"
+#include "plataforma/lectura.h"
 
 #include <nlohmann/json.hpp>
 #include <unicode/calendar.h>
 #include <unicode/locid.h>
 #include <unicode/timezone.h>
 #include <unicode/unistr.h>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <cmath>
 #include <limits>
@@ -26,7 +23,7 @@ namespace {
 // Dates are stored as seconds since 2001-01-01T00:00:00Z, with fraction.
 constexpr seconds origen{978'307'200};
 // A file larger than this can't be a history of 500 entries.
-constexpr off_t tamanoMaximo = 8 << 20;
+constexpr size_t tamanoMaximo = 8 << 20;
 
 // Sums of byte counts saturate at the ends of the range instead of
 // overflowing: a damaged file may hold any figures.
@@ -118,28 +115,6 @@ std::optional<std::vector<Registro>> decodificar(const std::string& texto)
     return r;
 }
 
-// The whole file, if it is a readable regular file of a plausible size.
-// Opened without waiting: a FIFO put in its place would block the open.
-std::optional<std::string> leer(const fs::path& archivo)
-{
-    const int fd = ::open(archivo.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (fd < 0)
-        return std::nullopt;
-    std::optional<std::string> r;
-    struct stat st;
-    if (::fstat(fd, &st) == 0 && S_ISREG(st.st_mode) && st.st_size <= tamanoMaximo) {
-        std::string texto;
-        char buf[65536];
-        ssize_t n;
-        while ((n = ::read(fd, buf, sizeof buf)) > 0 && texto.size() <= size_t(tamanoMaximo))
-            texto.append(buf, size_t(n));
-        if (n == 0)
-            r = std::move(texto);
-    }
-    ::close(fd);
-    return r;
-}
-
 UDate aUDate(Fecha f)
 {
     return double(duration_cast<microseconds>(f.time_since_epoch()).count()) / 1000.0;
@@ -175,7 +150,9 @@ Historial::Historial(fs::path archivo, std::function<Fecha()> ahora, Calendario 
 {
     if (!ahora_)
         ahora_ = [] { return system_clock::now(); };
-    if (const auto texto = leer(archivo_))
+    // Opened without waiting, links not followed: a FIFO or a link put in
+    // its place is no history.
+    if (const auto texto = plataforma::leerArchivo(archivo_, tamanoMaximo))
         if (auto lista = decodificar(*texto))
             registros_ = std::move(*lista);
 }

@@ -7,6 +7,7 @@
 #include "apoyo/proceso.h"
 #include "escaner/medicion.h"
 #include "nucleo/textos.h"
+#include "plataforma/entradas.h"
 #include "fixturas.h"
 
 #include <gtest/gtest.h>
@@ -182,12 +183,12 @@ TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
         {"suite-b", "Name=Suite B\nExec=" + archivoModo(casa.ruta("opt/suite/bin/b"), "").string(), ""},
         {"madre", "Name=Madre\nExec=" + prog("apps2/madre"), "apps2/madre/bin/run"},
         {"hija", "Name=Hija\nExec=" + prog("apps2/madre/hija"), "apps2/madre/hija"},
+        // Larger than any entry anyone writes: not read at all.
+        {"enorme", "Name=Enorme\nExec=" + prog("opt/enorme") + "\n" + std::string(plataforma::maximoEntrada, '#'), ""},
     };
     archivoModo(casa.ruta("opt/Con \"Comillas\" y espacio/run"), "");
     for (const Fila& f : filas)
         entrada(aplicaciones / (std::string(f.id) + ".desktop"), f.lineas + "\n");
-    // Too large to be an entry (sparse: nothing is written).
-    casa.disperso(".local/share/applications/enorme.desktop", 8LL << 30);
     // AppImages: the real ones, and a link, a folder, a file without the
     // executable bit that only look like one.
     archivoModo(casa.ruta("Applications/Mayus.APPIMAGE"), "ai");

@@ -28,7 +28,9 @@ TEST(EspaciosDeTrabajo, RutaDecodificadaComoBytes)
     for (const std::string& json : {largo, "{\"folder\":\"" + base + "/Mi%20Proyecto%E9\"}",
                                     "{\"folder\":\"" + base + "/a%C3%B1o\"}",
                                     // "folder" is read before "workspace"
-                                    "{\"folder\":\"" + base + "/a%C3%B1o\",\"workspace\":\"" + base + "/falta\"}"})
+                                    "{\"folder\":\"" + base + "/a%C3%B1o\",\"workspace\":\"" + base + "/falta\"}",
+                                    // a gone project, in a file larger than any workspace.json
+                                    "{\"folder\":\"" + base + "/falta\"}" + std::string(1 << 20, ' ')})
         apoyo::estadoDeEditor(casa, "Code", std::to_string(json.size()), json, ahora);
     const auto borrado =
         apoyo::estadoDeEditor(casa, "Code", "borrado", "{\"folder\":\"" + base + "/Mi%20Proyecto\"}", ahora);

@@ -94,7 +94,9 @@ TEST(Historial, ArchivoDanadoIlegibleOCarpetaEsHistorialVacio)
     // Whole files, and single entries put after a good one: one damaged entry
     // spoils the whole list.
     const std::string bien = R"({"fecha":1,"borrado":1,"papelera":0,"tipo":"limpieza"})";
-    std::vector<std::string> danados{"", "[", bien, std::string(100000, '['), "[" + bien + "] basura"};
+    std::vector<std::string> danados{"", "[", bien, std::string(100000, '['), "[" + bien + "] basura",
+                                     // larger than any history of 500 entries
+                                     "[" + bien + "]" + std::string(8 << 20, ' ')};
     for (const char* entrada : {
              R"(null)",
              R"({"fecha":1,"borrado":1,"papelera":0})",

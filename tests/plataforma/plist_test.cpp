@@ -81,6 +81,11 @@ TEST(Plist, AnidadasSinFinNoDanNadaYLasNormalesSeLeen)
         EXPECT_EQ(d->count("Listas"), 1u);
     }
 
+    // Larger than any Info.plist, though well formed: not read.
+    std::string grande = xml;
+    grande.insert(grande.find("</dict></plist>"), 16 << 20, ' ');
+    EXPECT_FALSE(leerPlist(casa.archivoCon("grande.plist", grande)));
+
     const std::string abiertos[] = {
         "<plist>" + repetir("<array>", 200000) + repetir("</array>", 200000) + "</plist>",
         "<plist>" + repetir("<dict><key>k</key>", 400000) + "<dict/>" + repetir("</dict>", 400000) + "</plist>",
