@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <string_view>
 #include <vector>
@@ -86,7 +87,8 @@ bool xmlLlano(std::string_view d)
 
 // The same for a binary list: its arrays, sets and dictionaries are followed
 // from the top object by their references, without recursion, with every
-// count and offset checked against the file.
+// count and offset checked against the file; and none of its strings holds
+// a NUL.
 bool binarioLlano(std::string_view datos)
 {
     const auto* d = reinterpret_cast<const unsigned char*>(datos.data());
@@ -107,14 +109,17 @@ bool binarioLlano(std::string_view datos)
     };
     std::vector<Nivel> pila;
     size_t visitas = 0;
+    // Strings already looked through: one shared a million times is read once.
+    std::vector<bool> leido(objetos);
     auto entrar = [&](uint64_t objeto) {
         if (objeto >= objetos || ++visitas > visitasMaximas)
             return false;
         const uint64_t pos = enteroBE(d + tabla + objeto * tamOffset, tamOffset);
         if (pos >= tabla)
             return false;
+        // Strings (ASCII and UTF-16) and containers begin with a count.
         const unsigned tipo = d[pos] >> 4;
-        if (tipo != 0xA && tipo != 0xC && tipo != 0xD)
+        if (tipo != 0x5 && tipo != 0x6 && tipo != 0xA && tipo != 0xC && tipo != 0xD)
             return true;
         uint64_t cuenta = d[pos] & 0xF, inicio = pos + 1;
         if (cuenta == 0xF) {
@@ -127,12 +132,25 @@ bool binarioLlano(std::string_view datos)
             cuenta = enteroBE(d + inicio + 1, n);
             inicio += 1 + n;
         }
+        if (tipo == 0x5 || tipo == 0x6) {
+            // libplist aborts the process when asked for a string or a key
+            // that holds a NUL; no Info.plist has one.
+            const uint64_t unidad = tipo == 0x6 ? 2 : 1;
+            if (cuenta > (tabla - inicio) / unidad)
+                return false;
+            if (leido[objeto])
+                return true;
+            leido[objeto] = true;
+            for (uint64_t i = inicio; i < inicio + cuenta * unidad; i += unidad)
+                if (d[i] == 0 && (unidad == 1 || d[i + 1] == 0))
+                    return false;
+            return true;
+        }
         // A dictionary's keys, then its values.
-        if (tipo == 0xD)
-            cuenta *= 2;
-        if (cuenta > (tabla - inicio) / tamRef || pila.size() >= hondoMaximo)
+        const uint64_t refs = tipo == 0xD ? 2 : 1;
+        if (cuenta > (tabla - inicio) / tamRef / refs || pila.size() >= hondoMaximo)
             return false;
-        pila.push_back({inicio, cuenta});
+        pila.push_back({inicio, cuenta * refs});
         return true;
     };
     if (!entrar(raiz))
@@ -182,14 +200,11 @@ std::optional<DiccionarioPlist> leerPlist(const std::filesystem::path& archivo)
         if (clave == nullptr)
             break;
         std::optional<std::string> texto;
-        if (valor != nullptr && plist_get_node_type(valor) == PLIST_STRING) {
-            char* s = nullptr;
-            plist_get_string_val(valor, &s);
-            if (s != nullptr) {
-                texto = std::string(s);
-                std::free(s);
-            }
-        }
+        uint64_t largo = 0;
+        // A NUL would cut the text short wherever it is used as a C string.
+        if (const char* s = valor != nullptr ? plist_get_string_ptr(valor, &largo) : nullptr;
+            s != nullptr && std::memchr(s, 0, largo) == nullptr)
+            texto = std::string(s, largo);
         r[clave] = std::move(texto);
         std::free(clave);
     }

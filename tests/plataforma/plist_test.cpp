@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <vector>
 
 using plataforma::leerPlist;
 
@@ -20,30 +21,50 @@ void bigEndian(std::string& s, uint64_t v, int bytes)
         s += char(v >> (8 * i) & 0xFF);
 }
 
-// A binary list of n arrays, each holding the next and the last empty, or
-// the last holding the first again.
-std::string arraysBinarios(uint32_t n, bool ciclo = false)
+// A binary list of the objects given, the first on top; offsets and
+// references are `tam` bytes.
+std::string binaria(const std::vector<std::string>& objetos, int tam = 4)
 {
     std::string s = "bplist00";
     std::string tabla;
-    for (uint32_t i = 0; i < n; ++i) {
-        bigEndian(tabla, s.size(), 4);
-        if (i + 1 < n || ciclo) {
-            s += '\xA1';
-            bigEndian(s, i + 1 < n ? i + 1 : 0, 4);
-        } else {
-            s += '\xA0';
-        }
+    for (const std::string& o : objetos) {
+        bigEndian(tabla, s.size(), tam);
+        s += o;
     }
     const uint64_t inicioTabla = s.size();
     s += tabla;
     s += std::string(6, '\0');
-    s += char(4); // bytes of an offset
-    s += char(4); // bytes of a reference
-    bigEndian(s, n, 8);
+    s += char(tam); // bytes of an offset
+    s += char(tam); // bytes of a reference
+    bigEndian(s, objetos.size(), 8);
     bigEndian(s, 0, 8);
     bigEndian(s, inicioTabla, 8);
     return s;
+}
+
+// n arrays, each holding the next and the last empty, or the last holding
+// the first again.
+std::string arraysBinarios(uint32_t n, bool ciclo = false)
+{
+    std::vector<std::string> objetos(n);
+    for (uint32_t i = 0; i < n; ++i) {
+        if (i + 1 < n || ciclo) {
+            objetos[i] = '\xA1';
+            bigEndian(objetos[i], i + 1 < n ? i + 1 : 0, 4);
+        } else {
+            objetos[i] = '\xA0';
+        }
+    }
+    return binaria(objetos);
+}
+
+// A dictionary of one key and its string value, both ASCII, or the value in
+// UTF-16 (big-endian units, as written).
+std::string unaClave(const std::string& clave, const std::string& valor, bool utf16 = false)
+{
+    return binaria({std::string("\xD1\x01\x02", 3), char(0x50 | clave.size()) + clave,
+                    char((utf16 ? 0x60 : 0x50) | valor.size() / (utf16 ? 2 : 1)) + valor},
+                   1);
 }
 
 std::string repetir(std::string_view trozo, int n)
@@ -81,6 +102,10 @@ TEST(Plist, AnidadasSinFinNoDanNadaYLasNormalesSeLeen)
         EXPECT_EQ(d->count("Listas"), 1u);
     }
 
+    const auto corta = leerPlist(casa.archivoCon("corta.plist", unaClave("CFBundleName", std::string("\0E\0d", 4), true)));
+    ASSERT_TRUE(corta);
+    EXPECT_EQ(plataforma::textoDe(*corta, "CFBundleName"), "Ed");
+
     // Larger than any Info.plist, though well formed: not read.
     std::string grande = xml;
     grande.insert(grande.find("</dict></plist>"), 16 << 20, ' ');
@@ -95,6 +120,10 @@ TEST(Plist, AnidadasSinFinNoDanNadaYLasNormalesSeLeen)
         "<plist>" + repetir("<array a=\"/>\">", 200000) + "</plist>",
         arraysBinarios(200000),
         arraysBinarios(3, true),
+        // libplist aborts on a string or key with a NUL in it
+        unaClave("CFBundleName", std::string("Edi\0tor", 7)),
+        unaClave("CFBundleName", std::string("\0E\0\0", 4), true),
+        unaClave(std::string("CF\0Bundle", 9), "Editor"),
     };
     for (const std::string& contenido : abiertos) {
         const auto p = casa.archivoCon("hondo.plist", contenido);
