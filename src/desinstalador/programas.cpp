@@ -164,14 +164,15 @@ std::vector<AppInstalada> Desinstalador::programas() const
     }
     // A folder that holds another application's folder or AppImage is shared.
     std::vector<std::pair<fs::path, const EntradaEscritorio*>> programas;
-    for (const auto& [url, es] : porCarpeta) {
+    for (const auto& par : porCarpeta) {
+        const fs::path& url = par.first;
         const bool ajena = std::any_of(porCarpeta.begin(), porCarpeta.end(),
                                        [&](const auto& o) { return dentroDe(o.first, url); }) ||
                            std::any_of(vistas.begin(), vistas.end(), [&](const fs::path& a) { return dentroDe(a, url); });
         if (!ajena)
-            programas.emplace_back(url, es.front());
+            programas.emplace_back(url, par.second.front());
         else
-            for (const EntradaEscritorio* e : es)
+            for (const EntradaEscritorio* e : par.second)
                 programas.emplace_back(e->programa, e);
     }
     std::set<fs::path> hechos;
