@@ -23,6 +23,10 @@ TEST(Limpiador, VaciaEnSitioSinSeguirEnlacesYCuentaLoQueSeFue)
     casa.enlace("Library/Caches/cach\xe9-\xff/sub\xe9/a-archivo", fuera.raiz / "dato");
     casa.enlace("Library/Caches/cach\xe9-\xff/roto", "/no/existe");
     fs::create_hard_link(fuera.raiz / "dato", app / "duro");
+    // Two names of one file, both inside: the scan counts it twice, and it
+    // is given back once.
+    casa.archivo("Library/Caches/cach\xe9-\xff/par-a", 8192);
+    casa.enlaceDuro("Library/Caches/cach\xe9-\xff/sub\xe9/par-b", "Library/Caches/cach\xe9-\xff/par-a");
     const fs::path log = casa.archivo("Library/Logs/viejo.log", 8192);
     const fs::path otro = casa.archivo("Library/Caches/otro/x", 4096);
     // Static, for the pause below, which captures nothing.
@@ -70,7 +74,8 @@ TEST(Limpiador, VaciaEnSitioSinSeguirEnlacesYCuentaLoQueSeFue)
     EXPECT_TRUE(fuera.intacto());
     // The folder's own blocks stay; what grew frees nothing, what is gone
     // counts in full, and a hard link's data stays with its other name.
-    EXPECT_EQ(r.borrado, tamApp - apoyo::asignado(app) - apoyo::asignado(fuera.raiz / "dato") + tamLog + 50000);
+    EXPECT_EQ(r.borrado,
+              tamApp - apoyo::asignado(app) - apoyo::asignado(fuera.raiz / "dato") - 8192 + tamLog + 50000);
     EXPECT_EQ(r.enPapelera, 0);
     EXPECT_EQ(avisos, (Lineas{"Limpiando app…", "Limpiando log…", "Limpiando crecio…", "Limpiando ido…",
                               "Limpiando enlace…", "Limpiando por-enlace…", "Limpiando victima…"}));
