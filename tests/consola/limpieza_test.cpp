@@ -160,19 +160,20 @@ TEST(Limpieza, SinModoPruebaNingunFlagBorraNada)
 TEST(Limpieza, ErroresEnLaSalida)
 {
     CasaPrueba casa;
-    // A cache folder with a child that can't be read, so can't be emptied.
-    casa.archivo("Library/Caches/org.uno/a", 100 * 4096);
-    casa.archivo("Library/Caches/org.uno/fija/b", 4096);
+    // A cache folder with a child that can't be read, so can't be emptied,
+    // named with an escape sequence that would clear the terminal.
+    casa.archivo("Library/Caches/org.uno\x1b[2J/a", 100 * 4096);
+    casa.archivo("Library/Caches/org.uno\x1b[2J/fija/b", 4096);
     if (::geteuid() == 0)
         for (const auto& p : fs::recursive_directory_iterator(casa.ruta("Library/Caches")))
             ::lchown(p.path().c_str(), 65534, 65534);
-    ::chmod(casa.ruta("Library/Caches/org.uno/fija").c_str(), 0);
+    ::chmod(casa.ruta("Library/Caches/org.uno\x1b[2J/fija").c_str(), 0);
     const auto s = apoyo::ejecutarVorlanoSinPrivilegios(casa.raiz(), {"--clean-defaults"});
     EXPECT_EQ(s.estado, 0);
     const size_t totales = s.salida.rfind("\nBorrado: ");
     ASSERT_NE(totales, std::string::npos) << s.salida << s.errores;
     EXPECT_EQ(s.salida.substr(totales),
               "\nBorrado: 410 KB · A la Papelera: 0 KB\n"
-              "  error: org.uno: 1 de 2 elementos no se pudieron borrar (en uso o protegidos)\n");
-    EXPECT_TRUE(fs::exists(casa.ruta("Library/Caches/org.uno/fija/b")));
+              "  error: org.uno\u241B[2J: 1 de 2 elementos no se pudieron borrar (en uso o protegidos)\n");
+    EXPECT_TRUE(fs::exists(casa.ruta("Library/Caches/org.uno\x1b[2J/fija/b")));
 }

@@ -31,7 +31,7 @@ TEST(InformeMapa, OchoCarpetasConTresHijosYLasProtegidas)
         casa.archivo("c" + std::to_string(i) + "/datos", i * 300 * 4096);
     for (int i = 1; i <= 4; ++i)
         casa.archivo("c9/s" + std::to_string(i) + "/datos", i * 250 * 4096);
-    casa.archivo("c9/\xff" "raro", 1200 * 4096);
+    casa.archivo("c9/\xff\x1b[2J" "raro", 1200 * 4096);
     casa.archivo("Library/Mail/V10/buzon", 300 * 4096);
     casa.archivo(".Trash/viejo", 300 * 4096);
     casa.archivo(".local/share/Trash/files/viejo", 300 * 4096);
@@ -41,7 +41,7 @@ TEST(InformeMapa, OchoCarpetasConTresHijosYLasProtegidas)
     EXPECT_EQ(sinCabecera(s.salida, "70.5 MB"),
               "  26.2 MB    c9\n"
               "      11.1 MB    datos\n"
-              "      4.9 MB     \uFFFDraro\n"
+              "      4.9 MB     \uFFFD\u241B[2Jraro\n"
               "      4.1 MB     s4\n"
               "  9.8 MB     c8\n"
               "      9.8 MB     datos\n"
