@@ -126,6 +126,7 @@ TEST(Historial, ArchivoDanadoIlegibleOCarpetaEsHistorialVacio)
     Prueba p;
     p.escribir(R"([{"tipo":"x","papelera":9223372036854775807,"borrado":9223372036854775807,"fecha":0},)"
                R"({"fecha":1,"borrado":1048576.0,"papelera":0,"tipo":"x"}])");
+    ASSERT_EQ(p.abrir().registros().size(), 2u);
     EXPECT_EQ(p.abrir().registros().front().fecha, utc(2001, 1, 1));
     EXPECT_EQ(p.abrir().registros().back().borrado, 1048576);
     EXPECT_EQ(p.abrir().total(), INT64_MAX);
