@@ -106,7 +106,7 @@ std::vector<AppInstalada> Desinstalador::programas() const
     };
     auto icono = [&](const EntradaEscritorio& e) {
         if (e.icono.starts_with('/'))
-            return fs::is_regular_file(e.icono, ec) ? fs::path(e.icono) : fs::path();
+            return plataforma::esIcono(e.icono) ? fs::path(e.icono) : fs::path();
         return plataforma::iconoDeTema(datos, e.icono);
     };
 

@@ -43,6 +43,11 @@ std::vector<EntradaEscritorio> entradasDe(const std::filesystem::path& carpeta);
 // (share/icons/hicolor/<size>/apps/), or empty.
 std::filesystem::path iconoDeTema(const std::filesystem::path& share, const std::string& nombre);
 
+// Whether the screens may load the file as an application's icon: a regular
+// file (links followed) no larger than any icon is, since image readers take
+// in the whole file.
+bool esIcono(const std::filesystem::path& archivo);
+
 // The words of an Exec value, its quoting undone and its field codes (%f, %U…)
 // left out.
 std::vector<std::string> palabrasDeExec(std::string_view exec);

@@ -183,6 +183,9 @@ TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
         {"suite-b", "Name=Suite B\nExec=" + archivoModo(casa.ruta("opt/suite/bin/b"), "").string(), ""},
         {"madre", "Name=Madre\nExec=" + prog("apps2/madre"), "apps2/madre/bin/run"},
         {"hija", "Name=Hija\nExec=" + prog("apps2/madre/hija"), "apps2/madre/hija"},
+        // An icon larger than any icon is not offered to the screens.
+        {"icono", "Name=Icono\nIcon=" + casa.disperso("iconos/icono.png", 1 << 30).string() + "\nExec=" + prog("opt/icono"),
+         "opt/icono"},
         // Larger than any entry anyone writes: not read at all.
         {"enorme", "Name=Enorme\nExec=" + prog("opt/enorme") + "\n" + std::string(plataforma::maximoEntrada, '#'), ""},
     };
@@ -242,6 +245,7 @@ TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
     EXPECT_EQ(app(apps, "Editor").version, "1.5");
     EXPECT_EQ(app(apps, "Del sistema").version, "5");
     EXPECT_EQ(app(apps, "Roto").version, "");
+    EXPECT_EQ(app(apps, "Icono").icono, fs::path());
 }
 
 TEST_F(CasaLinux, RestosDudososNoSeOfrecen)

@@ -192,17 +192,22 @@ std::optional<EntradaEscritorio> leerEntrada(const fs::path& archivo, std::strin
     return e;
 }
 
+bool esIcono(const fs::path& archivo)
+{
+    // The largest real ones are SVGs of a few hundred KB.
+    constexpr off_t maximoIcono = 4 << 20;
+    struct stat st;
+    return ::stat(archivo.c_str(), &st) == 0 && S_ISREG(st.st_mode) && st.st_size <= maximoIcono;
+}
+
 fs::path iconoDeTema(const fs::path& share, const std::string& nombre)
 {
     if (nombre.empty() || nombre.find('/') != std::string::npos)
         return {};
     for (const char* tam : {"scalable", "512x512", "256x256", "128x128", "96x96", "64x64", "48x48", "32x32"})
-        for (const char* ext : {".svg", ".png"}) {
-            const fs::path p = share / "icons/hicolor" / tam / "apps" / (nombre + ext);
-            struct stat st;
-            if (::stat(p.c_str(), &st) == 0 && S_ISREG(st.st_mode))
+        for (const char* ext : {".svg", ".png"})
+            if (const fs::path p = share / "icons/hicolor" / tam / "apps" / (nombre + ext); esIcono(p))
                 return p;
-        }
     return {};
 }
 

@@ -5,6 +5,7 @@
 #include "plataforma/paquetes.h"
 
 #include "plataforma/idioma.h"
+#include "plataforma/entradas.h"
 #include "plataforma/lectura.h"
 
 #include <sys/stat.h>
@@ -95,7 +96,7 @@ std::vector<AppPaquete> appsSnap(const fs::path& raiz, const fs::path& paquetes)
         if (const auto v = claves.find("version"); v != claves.end() && esUtf8(v->second))
             app.version = v->second;
         for (const char* icono : {"meta/gui/icon.svg", "meta/gui/icon.png"})
-            if (const fs::path p = base / revision / icono; esArchivo(p)) {
+            if (const fs::path p = base / revision / icono; esIcono(p)) {
                 app.icono = p;
                 break;
             }
