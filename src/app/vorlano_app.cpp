@@ -99,6 +99,16 @@ VorlanoApp::VorlanoApp(Entorno entorno, QObject* padre)
     });
 }
 
+VorlanoApp::~VorlanoApp()
+{
+    // The engine, a member, destroys the windows after the members declared
+    // below it have gone, and a window hides as it goes: it must not call
+    // back into what is left of us. Nor may the notice's action.
+    for (QObject* o : motor_.rootObjects())
+        o->disconnect(this);
+    Ventana::abrir = nullptr;
+}
+
 bool VorlanoApp::escuchar()
 {
     return instancia_.escuchar();

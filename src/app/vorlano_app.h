@@ -29,6 +29,7 @@ public:
 
     // Inside a running QApplication.
     explicit VorlanoApp(Entorno entorno, QObject* padre = nullptr);
+    ~VorlanoApp() override;
 
     // Becomes the instance that later starts hand their links to; false when
     // another one already is.
