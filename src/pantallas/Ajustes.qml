@@ -61,6 +61,7 @@ ApplicationWindow {
                     Layout.fillWidth: true
                     spacing: 10
                     Label {
+                        textFormat: Text.PlainText
                         Layout.fillWidth: true
                         text: qsTranslate("Vorlano", "Avisar si quedan menos de")
                         color: Tema.texto
@@ -94,6 +95,7 @@ ApplicationWindow {
                     Layout.fillWidth: true
                     spacing: 8
                     Label {
+                        textFormat: Text.PlainText
                         Layout.fillWidth: true
                         text: qsTranslate("Vorlano", "Acceso total al disco")
                         color: Tema.texto
@@ -106,6 +108,7 @@ ApplicationWindow {
                         color: Tema.verde
                     }
                     Label {
+                        textFormat: Text.PlainText
                         objectName: "activado"
                         visible: datos.accesoTotal
                         text: qsTranslate("Vorlano", "Activado")
@@ -143,12 +146,14 @@ ApplicationWindow {
                 RowLayout {
                     Layout.fillWidth: true
                     Label {
+                        textFormat: Text.PlainText
                         Layout.fillWidth: true
                         text: qsTranslate("Vorlano", "Versión")
                         color: Tema.texto
                         font.pixelSize: Tema.letra
                     }
                     Label {
+                        textFormat: Text.PlainText
                         objectName: "version"
                         text: datos.version
                         color: Tema.secundario

@@ -48,6 +48,7 @@ Item {
     }
 
     Label {
+        textFormat: Text.PlainText
         objectName: "porcentaje"
         anchors.centerIn: parent
         text: qsTranslate("Vorlano", "{n} %").replace("{n}", Math.round(anillo.porcentaje))

@@ -105,6 +105,7 @@ Item {
     Column {
         anchors.centerIn: parent
         Label {
+            textFormat: Text.PlainText
             objectName: "anilloLibre"
             anchors.horizontalCenter: parent.horizontalCenter
             text: Rotulos.gigasCortos(anillo.libre)
@@ -113,6 +114,7 @@ Item {
             font.weight: Font.Bold
         }
         Label {
+            textFormat: Text.PlainText
             anchors.horizontalCenter: parent.horizontalCenter
             text: qsTranslate("Vorlano", "libres")
             color: Tema.secundario

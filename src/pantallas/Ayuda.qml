@@ -15,6 +15,7 @@ ToolTip {
     font.pixelSize: Tema.letraChica + 1
 
     contentItem: Label {
+        textFormat: Text.PlainText
         text: ayuda.text
         font: ayuda.font
         color: Tema.texto

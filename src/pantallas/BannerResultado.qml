@@ -61,6 +61,7 @@ Item {
             spacing: 4
 
             Label {
+                textFormat: Text.PlainText
                 objectName: "lineaResultado"
                 Layout.fillWidth: true
                 text: banner.resultado ? Rotulos.lineaResultado(banner.resultado.borrado, banner.resultado.enPapelera) : ""
@@ -69,6 +70,7 @@ Item {
                 font.weight: Font.Bold
             }
             Label {
+                textFormat: Text.PlainText
                 objectName: "lineaEspacio"
                 Layout.fillWidth: true
                 text: banner.resultado ? Rotulos.lineaEspacio(banner.resultado.libreAntes, banner.estado.libre) : ""
@@ -125,6 +127,7 @@ Item {
                     visible: banner.conPapelera
                     spacing: 10
                     Label {
+                        textFormat: Text.PlainText
                         objectName: "lineaPapelera"
                         text: banner.conPapelera ? Rotulos.lineaPapelera(banner.resultado.enPapelera) : ""
                         color: Tema.secundario
@@ -139,6 +142,7 @@ Item {
                 }
             }
             Label {
+                textFormat: Text.PlainText
                 objectName: "avisoPapelera"
                 Layout.fillWidth: true
                 visible: banner.estado.avisoPapelera !== ""

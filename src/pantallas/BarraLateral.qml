@@ -45,6 +45,7 @@ Rectangle {
                 Icono { anchors.centerIn: parent; simbolo: "sparkles"; tamano: 18; color: "white" }
             }
             Label {
+                textFormat: Text.PlainText
                 text: "Vorlano"
                 color: Tema.texto
                 font.pixelSize: Tema.letraTitular + 2
@@ -79,6 +80,7 @@ Rectangle {
                         lado: 26
                     }
                     Label {
+                        textFormat: Text.PlainText
                         Layout.fillWidth: true
                         text: fila.modelData.titulo
                         color: Tema.texto
@@ -94,6 +96,7 @@ Rectangle {
                         radius: height / 2
                         color: Qt.rgba(Tema.turquesa.r, Tema.turquesa.g, Tema.turquesa.b, 0.2)
                         Label {
+                            textFormat: Text.PlainText
                             id: insignia
                             anchors.centerIn: parent
                             text: fila.conInsignia ? Rotulos.bytes(barra.estado.seleccionado) : ""
@@ -121,6 +124,7 @@ Rectangle {
                 spacing: 6
                 Icono { simbolo: "internaldrive"; tamano: 16; color: Tema.secundario }
                 Label {
+                    textFormat: Text.PlainText
                     objectName: "libres"
                     text: Rotulos.libresDe(barra.estado.libre, barra.estado.total)
                     color: Tema.secundario
@@ -141,6 +145,7 @@ Rectangle {
                 }
             }
             Label {
+                textFormat: Text.PlainText
                 objectName: "modoPrueba"
                 visible: barra.estado.modoPrueba
                 text: qsTranslate("Vorlano", "MODO PRUEBA")

@@ -36,6 +36,7 @@ Item {
             Layout.fillWidth: true
             spacing: 1
             Label {
+                textFormat: Text.PlainText
                 objectName: "nombreSeleccion"
                 Layout.fillWidth: true
                 text: barra.nodo.nombre
@@ -45,6 +46,7 @@ Item {
                 elide: Text.ElideRight
             }
             Label {
+                textFormat: Text.PlainText
                 Layout.fillWidth: true
                 text: barra.baldosas.rutaCorta(barra.nodo)
                 color: Tema.secundario
@@ -53,6 +55,7 @@ Item {
             }
         }
         Label {
+            textFormat: Text.PlainText
             text: Rotulos.bytes(barra.nodo.tamano)
             color: Tema.texto
             font.pixelSize: Tema.letra
@@ -105,6 +108,7 @@ Item {
         spacing: 8
         Icono { simbolo: "exclamationmark.triangle.fill"; tamano: 18; color: Tema.naranja }
         Label {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             text: barra.estado.aviso
             color: Tema.texto
@@ -114,6 +118,7 @@ Item {
     }
 
     Label {
+        textFormat: Text.PlainText
         objectName: "pista"
         visible: !barra.nodo.valido && barra.estado.aviso === ""
         anchors.fill: parent

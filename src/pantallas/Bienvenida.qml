@@ -33,6 +33,7 @@ ColumnLayout {
         }
     }
     Label {
+        textFormat: Text.PlainText
         Layout.fillWidth: true
         text: qsTranslate("Vorlano", "Te damos la bienvenida a Vorlano")
         color: Tema.texto
@@ -41,6 +42,7 @@ ColumnLayout {
         wrapMode: Text.Wrap
     }
     Label {
+        textFormat: Text.PlainText
         Layout.fillWidth: true
         text: qsTranslate("Vorlano", "Libera espacio en tu Mac sin sustos.")
         color: Tema.secundario
@@ -76,6 +78,7 @@ ColumnLayout {
                 Layout.fillWidth: true
                 spacing: 2
                 Label {
+                    textFormat: Text.PlainText
                     Layout.fillWidth: true
                     text: modelData.titular
                     color: Tema.texto
@@ -84,6 +87,7 @@ ColumnLayout {
                     wrapMode: Text.Wrap
                 }
                 Label {
+                    textFormat: Text.PlainText
                     Layout.fillWidth: true
                     text: modelData.texto
                     color: Tema.secundario

@@ -34,6 +34,7 @@ Button {
             color: boton.tinta
         }
         Label {
+            textFormat: Text.PlainText
             // A button of a symbol alone stays square.
             visible: boton.text !== ""
             text: boton.text

@@ -32,6 +32,7 @@ ColumnLayout {
             Layout.fillWidth: true
             spacing: 2
             Label {
+                textFormat: Text.PlainText
                 objectName: "nombre"
                 Layout.fillWidth: true
                 text: detalle.app ? detalle.app.nombre : ""
@@ -64,6 +65,7 @@ ColumnLayout {
         spacing: 6
         Icono { simbolo: "exclamationmark.triangle.fill"; tamano: 16; color: Tema.naranja }
         Label {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             text: qsTranslate("Vorlano", "Está abierta. Ciérrala para poder desinstalarla.")
             color: Tema.naranja
@@ -112,6 +114,7 @@ ColumnLayout {
                             Layout.fillWidth: true
                             spacing: 1
                             Label {
+                                textFormat: Text.PlainText
                                 Layout.fillWidth: true
                                 text: detalle.app ? detalle.app.archivo : ""
                                 color: Tema.texto
@@ -119,6 +122,7 @@ ColumnLayout {
                                 elide: Text.ElideMiddle
                             }
                             Label {
+                                textFormat: Text.PlainText
                                 objectName: "nota"
                                 Layout.fillWidth: true
                                 text: detalle.vista.nota
@@ -128,6 +132,7 @@ ColumnLayout {
                             }
                         }
                         Label {
+                            textFormat: Text.PlainText
                             text: Rotulos.bytes(detalle.app ? detalle.app.tamano : 0)
                             color: Tema.secundario
                             font.pixelSize: Tema.letra
@@ -143,6 +148,7 @@ ColumnLayout {
                         spacing: 10
                         Rueda { implicitWidth: 20; implicitHeight: 20 }
                         Label {
+                            textFormat: Text.PlainText
                             text: qsTranslate("Vorlano", "Buscando sus archivos…")
                             color: Tema.secundario
                             font.pixelSize: Tema.letra
@@ -163,6 +169,7 @@ ColumnLayout {
                     }
 
                     Label {
+                        textFormat: Text.PlainText
                         objectName: "sinRestos"
                         visible: !detalle.estado.buscandoRestos && detalle.estado.restos.cantidad === 0
                         Layout.fillWidth: true
@@ -198,6 +205,7 @@ ColumnLayout {
                     spacing: 5
                     Icono { simbolo: "exclamationmark.triangle.fill"; tamano: 14; color: Tema.naranja }
                     Label {
+                        textFormat: Text.PlainText
                         Layout.fillWidth: true
                         text: modelData
                         color: Tema.naranja
@@ -208,6 +216,7 @@ ColumnLayout {
             }
         }
         Label {
+            textFormat: Text.PlainText
             objectName: "total"
             visible: detalle.errores.length === 0
             Layout.fillWidth: true

@@ -30,6 +30,7 @@ Popup {
     contentItem: ColumnLayout {
         spacing: 12
         Label {
+            textFormat: Text.PlainText
             objectName: "titulo"
             Layout.fillWidth: true
             text: dialogo.titulo
@@ -39,6 +40,7 @@ Popup {
             wrapMode: Text.Wrap
         }
         Label {
+            textFormat: Text.PlainText
             objectName: "mensaje"
             Layout.fillWidth: true
             visible: text !== ""

@@ -38,6 +38,7 @@ Item {
             }
         }
         Label {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             visible: vacio.titulo !== ""
             text: vacio.titulo
@@ -48,6 +49,7 @@ Item {
             wrapMode: Text.Wrap
         }
         Label {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             visible: vacio.texto !== ""
             text: vacio.texto

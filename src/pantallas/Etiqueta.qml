@@ -16,6 +16,7 @@ Rectangle {
     color: Qt.rgba(tinte.r, tinte.g, tinte.b, Tema.oscuro ? 0.22 : 0.14)
 
     Label {
+        textFormat: Text.PlainText
         id: rotulo
         anchors.centerIn: parent
         text: etiqueta.texto

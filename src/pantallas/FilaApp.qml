@@ -35,6 +35,7 @@ ItemDelegate {
             lado: 26
         }
         Label {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             text: fila.nombre
             color: Tema.texto
@@ -42,6 +43,7 @@ ItemDelegate {
             elide: Text.ElideRight
         }
         Label {
+            textFormat: Text.PlainText
             objectName: "tamano"
             visible: fila.tamano >= 1
             text: Rotulos.bytes(fila.tamano)

@@ -92,6 +92,7 @@ Item {
             RowLayout {
                 spacing: 8
                 Label {
+                    textFormat: Text.PlainText
                     text: fila.titulo
                     color: Tema.texto
                     font.pixelSize: Tema.letraTitular - 1
@@ -100,6 +101,7 @@ Item {
                 Etiqueta { texto: fila.etiqueta; tinte: fila.tinte }
             }
             Label {
+                textFormat: Text.PlainText
                 objectName: "linea"
                 Layout.fillWidth: true
                 text: fila.linea
@@ -110,6 +112,7 @@ Item {
                 elide: Text.ElideRight
             }
             Label {
+                textFormat: Text.PlainText
                 objectName: "lineaEnUso"
                 Layout.fillWidth: true
                 visible: fila.lineaEnUso !== ""
@@ -122,6 +125,7 @@ Item {
         ColumnLayout {
             spacing: 2
             Label {
+                textFormat: Text.PlainText
                 Layout.alignment: Qt.AlignRight
                 text: Rotulos.bytes(fila.tamano)
                 color: Tema.texto
@@ -129,6 +133,7 @@ Item {
                 font.weight: Font.DemiBold
             }
             Label {
+                textFormat: Text.PlainText
                 Layout.alignment: Qt.AlignRight
                 text: Rotulos.elementos(fila.cantidad)
                 color: Tema.secundario

@@ -40,6 +40,7 @@ Item {
             Layout.fillWidth: true
             spacing: 1
             Label {
+                textFormat: Text.PlainText
                 Layout.fillWidth: true
                 text: fila.nombre
                 color: Tema.texto
@@ -47,6 +48,7 @@ Item {
                 elide: Text.ElideMiddle
             }
             Label {
+                textFormat: Text.PlainText
                 Layout.fillWidth: true
                 visible: fila.detalle !== ""
                 text: fila.detalle
@@ -63,6 +65,7 @@ Item {
                     color: Tema.naranja
                 }
                 Label {
+                    textFormat: Text.PlainText
                     objectName: "enUso"
                     text: qsTranslate("Vorlano", "{enUso} está abierto").replace("{enUso}", fila.enUso)
                     color: Tema.naranja
@@ -72,6 +75,7 @@ Item {
         }
 
         Label {
+            textFormat: Text.PlainText
             text: Rotulos.bytes(fila.tamano)
             color: Tema.secundario
             font.pixelSize: Tema.letra

@@ -48,6 +48,7 @@ Item {
                 color: Tema.verde
             }
             Label {
+                textFormat: Text.PlainText
                 Layout.fillWidth: true
                 text: fila.model.cabecera === "listas"
                       ? qsTranslate("Vorlano", "Listo para limpiar")

@@ -4,6 +4,7 @@ import QtQuick
 import Vorlano
 
 Text {
+    textFormat: Text.PlainText
     required property string simbolo
     property real tamano: 18
 

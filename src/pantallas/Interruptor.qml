@@ -41,6 +41,7 @@ Switch {
     }
 
     contentItem: Text {
+        textFormat: Text.PlainText
         rightPadding: interruptor.indicator.width + interruptor.spacing
         text: interruptor.text
         color: Tema.texto

@@ -68,6 +68,7 @@ ColumnLayout {
                     color: Tema.secundario
                 }
                 Label {
+                    textFormat: Text.PlainText
                     Layout.fillWidth: true
                     text: fila.nombre
                     color: Tema.texto
@@ -76,6 +77,7 @@ ColumnLayout {
                     maximumLineCount: 1
                 }
                 Label {
+                    textFormat: Text.PlainText
                     text: fila.bytes
                     color: Tema.secundario
                     font.pixelSize: Tema.letraChica
@@ -88,6 +90,7 @@ ColumnLayout {
     }
 
     Label {
+        textFormat: Text.PlainText
         objectName: "protegidas"
         visible: text !== ""
         Layout.fillWidth: true

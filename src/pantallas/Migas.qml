@@ -42,6 +42,7 @@ RowLayout {
                         color: miga.actual ? Tema.texto : Tema.secundario
                     }
                     Label {
+                        textFormat: Text.PlainText
                         text: miga.modelData.nombre
                         color: miga.actual ? Tema.texto : Tema.secundario
                         font.pixelSize: Tema.letra
@@ -59,6 +60,7 @@ RowLayout {
     Item { Layout.fillWidth: true }
 
     Label {
+        textFormat: Text.PlainText
         objectName: "tamanoActual"
         // The node doesn't announce a move; version does.
         text: { migas.estado.version; return Rotulos.bytes(migas.estado.actual.tamano) }

@@ -67,6 +67,7 @@ Flickable {
                     }
                 }
                 Label {
+                    textFormat: Text.PlainText
                     objectName: "tituloPortada"
                     Layout.fillWidth: true
                     text: {
@@ -86,6 +87,7 @@ Flickable {
                     wrapMode: Text.Wrap
                 }
                 Label {
+                    textFormat: Text.PlainText
                     objectName: "textoPortada"
                     Layout.fillWidth: true
                     visible: text !== ""
@@ -139,6 +141,7 @@ Flickable {
         }
 
         Label {
+            textFormat: Text.PlainText
             objectName: "tituloTarjetas"
             visible: resumen.conTarjetas
             Layout.topMargin: 4

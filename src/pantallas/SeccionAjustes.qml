@@ -15,6 +15,7 @@ ColumnLayout {
     spacing: 6
 
     Label {
+        textFormat: Text.PlainText
         Layout.leftMargin: 4
         text: seccion.titulo
         color: Tema.secundario
@@ -34,6 +35,7 @@ ColumnLayout {
         }
     }
     Label {
+        textFormat: Text.PlainText
         visible: seccion.pie !== ""
         Layout.fillWidth: true
         Layout.leftMargin: 4

@@ -14,6 +14,7 @@ ComboBox {
     rightPadding: 34
 
     contentItem: Label {
+        textFormat: Text.PlainText
         text: selector.displayText
         font: selector.font
         color: Tema.texto
@@ -41,6 +42,7 @@ ComboBox {
         width: ListView.view.width
         highlighted: selector.highlightedIndex === index
         contentItem: Label {
+            textFormat: Text.PlainText
             text: opcion.model[selector.textRole]
             font: selector.font
             color: Tema.texto

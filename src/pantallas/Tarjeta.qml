@@ -55,6 +55,7 @@ AbstractButton {
             }
         }
         Label {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             Layout.topMargin: 4
             text: tarjeta.titulo
@@ -64,6 +65,7 @@ AbstractButton {
             elide: Text.ElideRight
         }
         Label {
+            textFormat: Text.PlainText
             text: Rotulos.bytes(tarjeta.tamano)
             color: Tema.texto
             font.pixelSize: Tema.letraTitular + 2
@@ -82,6 +84,7 @@ AbstractButton {
             }
         }
         Label {
+            textFormat: Text.PlainText
             objectName: "estadoTarjeta"
             Layout.fillWidth: true
             text: Rotulos.estadoTarjeta(tarjeta.tamanoSeleccionado, tarjeta.todoEnUso)

@@ -47,6 +47,7 @@ AbstractButton {
             }
         }
         Label {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             Layout.topMargin: 4
             text: tarjeta.datos.titulo
@@ -55,6 +56,7 @@ AbstractButton {
             font.weight: Font.DemiBold
         }
         Label {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             Layout.fillHeight: true
             text: tarjeta.texto

@@ -29,6 +29,7 @@ SuperficieTarjeta {
                     color: Tema.turquesa
                 }
                 Label {
+                    textFormat: Text.PlainText
                     text: qsTranslate("Vorlano", "Tu historial")
                     color: Tema.texto
                     font.pixelSize: Tema.letraTitular
@@ -36,12 +37,14 @@ SuperficieTarjeta {
                 }
             }
             Label {
+                textFormat: Text.PlainText
                 Layout.topMargin: 6
                 text: qsTranslate("Vorlano", "Este mes limpiaste")
                 color: Tema.secundario
                 font.pixelSize: Tema.letra
             }
             Label {
+                textFormat: Text.PlainText
                 objectName: "esteMes"
                 // The figure rolls to a new value.
                 property real mostrado: Historial.esteMes
@@ -55,6 +58,7 @@ SuperficieTarjeta {
                 font.weight: Font.Bold
             }
             Label {
+                textFormat: Text.PlainText
                 objectName: "totalHistorial"
                 text: Rotulos.conBytes(qsTranslate("Vorlano", "{bytes} en total con Vorlano"), Historial.total)
                 color: Tema.secundario
@@ -91,6 +95,7 @@ SuperficieTarjeta {
                         color: Tema.sutil
                     }
                     Label {
+                        textFormat: Text.PlainText
                         objectName: "marca"
                         x: grafico.areaAncho + 6
                         y: parent.yy - height / 2
@@ -122,6 +127,7 @@ SuperficieTarjeta {
                         }
                     }
                     Label {
+                        textFormat: Text.PlainText
                         anchors.horizontalCenter: parent.horizontalCenter
                         y: grafico.height - height
                         text: tarjeta.grafico.fechas[parent.index] || ""

@@ -88,6 +88,7 @@ Item {
                             styleColor: Qt.rgba(0, 0, 0, 0.35)
                         }
                         Label {
+                            textFormat: Text.PlainText
                             Layout.fillWidth: true
                             text: baldosa.nombre
                             color: "white"
@@ -99,6 +100,7 @@ Item {
                         }
                     }
                     Label {
+                        textFormat: Text.PlainText
                         Layout.fillWidth: true
                         text: baldosa.bytes
                         color: "white"

@@ -80,6 +80,7 @@ Item {
                     }
                 }
                 Label {
+                    textFormat: Text.PlainText
                     objectName: "tituloExito"
                     Layout.fillWidth: true
                     horizontalAlignment: Text.AlignHCenter
@@ -90,6 +91,7 @@ Item {
                     wrapMode: Text.Wrap
                 }
                 Label {
+                    textFormat: Text.PlainText
                     Layout.fillWidth: true
                     horizontalAlignment: Text.AlignHCenter
                     text: textos.detalleExito
@@ -100,6 +102,7 @@ Item {
                 Repeater {
                     model: vista.estado.resultado ? vista.estado.resultado.errores : []
                     delegate: Label {
+                        textFormat: Text.PlainText
                         required property string modelData
                         Layout.fillWidth: true
                         horizontalAlignment: Text.AlignHCenter
@@ -125,6 +128,7 @@ Item {
                     color: Tema.secundario
                 }
                 Label {
+                    textFormat: Text.PlainText
                     Layout.fillWidth: true
                     horizontalAlignment: Text.AlignHCenter
                     text: qsTranslate("Vorlano", "Elige una app o arrástrala aquí")
@@ -134,6 +138,7 @@ Item {
                     wrapMode: Text.Wrap
                 }
                 Label {
+                    textFormat: Text.PlainText
                     Layout.fillWidth: true
                     horizontalAlignment: Text.AlignHCenter
                     text: qsTranslate("Vorlano", "Vorlano encuentra también sus preferencias, cachés y datos,\ny los manda junto con la app a la Papelera.")

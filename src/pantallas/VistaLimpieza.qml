@@ -35,6 +35,7 @@ Item {
             Layout.margins: Tema.margen
             Layout.bottomMargin: 12
             Label {
+                textFormat: Text.PlainText
                 Layout.fillWidth: true
                 text: qsTranslate("Vorlano", "Limpieza")
                 color: Tema.texto
@@ -83,6 +84,7 @@ Item {
                     implicitHeight: 44
                 }
                 Label {
+                    textFormat: Text.PlainText
                     objectName: "progreso"
                     Layout.alignment: Qt.AlignHCenter
                     Layout.maximumWidth: vista.width - 80
@@ -144,6 +146,7 @@ Item {
                     Layout.fillWidth: true
                     spacing: 2
                     Label {
+                        textFormat: Text.PlainText
                         objectName: "seleccionado"
                         // The figure rolls to the new total.
                         property real mostrado: vista.estado.seleccionado
@@ -157,6 +160,7 @@ Item {
                         font.weight: Font.Bold
                     }
                     Label {
+                        textFormat: Text.PlainText
                         Layout.fillWidth: true
                         text: qsTranslate("Vorlano", "Lo marcado en verde es seguro. Lo demás revísalo antes de marcarlo.")
                         color: Tema.secundario

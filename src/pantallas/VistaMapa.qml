@@ -34,6 +34,7 @@ Item {
             lado: 64
         }
         Label {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
             text: qsTranslate("Vorlano", "¿Qué ocupa tu disco?")
@@ -43,6 +44,7 @@ Item {
             wrapMode: Text.Wrap
         }
         Label {
+            textFormat: Text.PlainText
             Layout.fillWidth: true
             horizontalAlignment: Text.AlignHCenter
             text: qsTranslate("Vorlano", "Vorlano mide tu carpeta personal y la muestra como un mapa:\ncada rectángulo es proporcional a lo que ocupa.")
@@ -74,6 +76,7 @@ Item {
             tinte: Tema.colorSeccion("mapa")
         }
         Label {
+            textFormat: Text.PlainText
             Layout.alignment: Qt.AlignHCenter
             text: qsTranslate("Vorlano", "Midiendo tu carpeta personal…")
             color: Tema.texto

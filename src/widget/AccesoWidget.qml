@@ -37,6 +37,7 @@ EnlaceWidget {
             anchors.verticalCenter: parent.verticalCenter
             spacing: 1
             Text {
+                textFormat: Text.PlainText
                 width: parent.width
                 text: acceso.titulo
                 color: Tema.texto
@@ -46,6 +47,7 @@ EnlaceWidget {
                 elide: Text.ElideRight
             }
             Text {
+                textFormat: Text.PlainText
                 width: parent.width
                 text: acceso.subtitulo
                 color: Tema.secundario

@@ -83,6 +83,7 @@ Item {
             tamano: anillo.cifra
         }
         Text {
+            textFormat: Text.PlainText
             anchors.horizontalCenter: parent.horizontalCenter
             text: qsTranslate("Vorlano", "libres")
             color: Tema.secundario

@@ -47,6 +47,7 @@ EnlaceWidget {
                 }
             }
             Text {
+                textFormat: Text.PlainText
                 anchors.verticalCenter: parent.verticalCenter
                 text: boton.titulo
                 color: Tema.texto

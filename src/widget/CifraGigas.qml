@@ -25,6 +25,7 @@ Item {
         id: fila
         spacing: 2
         Text {
+            textFormat: Text.PlainText
             id: textoNumero
             objectName: "numero"
             text: cifra.numero
@@ -35,6 +36,7 @@ Item {
             transform: Translate { id: desplazamiento }
         }
         Text {
+            textFormat: Text.PlainText
             objectName: "unidad"
             anchors.baseline: textoNumero.baseline
             text: cifra.unidad

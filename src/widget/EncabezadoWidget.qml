@@ -41,6 +41,7 @@ Item {
             }
         }
         Text {
+            textFormat: Text.PlainText
             text: "Vorlano"
             color: Tema.texto
             font.pixelSize: 12
@@ -49,6 +50,7 @@ Item {
     }
 
     Text {
+        textFormat: Text.PlainText
         id: hora
         objectName: "hora"
         visible: encabezado.mostrarHora

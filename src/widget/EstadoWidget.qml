@@ -29,6 +29,7 @@ Row {
         color: Tema.verde
     }
     Text {
+        textFormat: Text.PlainText
         objectName: "lineaEstado"
         anchors.verticalCenter: parent.verticalCenter
         text: estado.entrada.lineaEstado

@@ -23,6 +23,7 @@ Item {
     }
 
     component EtiquetaLibre: Text {
+        textFormat: Text.PlainText
         text: qsTranslate("Vorlano", "Espacio libre").toUpperCase()
         color: Tema.secundario
         font.pixelSize: 10
@@ -31,6 +32,7 @@ Item {
     }
 
     component LibreGrande: Text {
+        textFormat: Text.PlainText
         property real tamano: 22
         text: vista.entrada.libreTexto
         color: Tema.texto
@@ -64,6 +66,7 @@ Item {
                     tintado: vista.tintado
                 }
                 Text {
+                    textFormat: Text.PlainText
                     objectName: "deTotal"
                     Layout.alignment: Qt.AlignHCenter
                     text: vista.entrada.deTotal
@@ -191,6 +194,7 @@ Item {
                 }
             }
             Text {
+                textFormat: Text.PlainText
                 text: qsTranslate("Vorlano", "Accesos rápidos").toUpperCase()
                 color: Tema.secundario
                 font.pixelSize: 10
