@@ -163,24 +163,34 @@ void Limpiador::vaciarElemento(const Elemento& e, Resultado& r) const
 {
     const auto urls = e.urls();
     int64_t retenido = 0;
-    for (const fs::path& u : urls)
-        retenido += vaciar(u, e.nombre, r.errores);
+    bool rechazado = false;
+    for (const fs::path& u : urls) {
+        const auto v = vaciar(u, e.nombre, r.errores);
+        rechazado = rechazado || !v;
+        retenido += v.value_or(0);
+    }
     // Only what really went counts: an item that grew counts 0, and a file
-    // whose data another hard link keeps frees nothing.
+    // whose data another hard link keeps frees nothing. A place refused (a
+    // link or a mount swapped in since the analysis) keeps what the analysis
+    // measured there, which can't be measured now without following it: the
+    // item then counts nothing rather than too much.
+    if (rechazado)
+        return;
     int64_t quedan = 0;
     for (const fs::path& u : urls)
         quedan += tamanoEnDisco(estandarizar(u));
     r.borrado += std::max<int64_t>(0, e.tamano - quedan - retenido);
 }
 
-int64_t Limpiador::vaciar(const fs::path& ruta, const std::string& nombre, std::vector<std::string>& errores) const
+std::optional<int64_t> Limpiador::vaciar(const fs::path& ruta, const std::string& nombre,
+                                         std::vector<std::string>& errores) const
 {
     // The removal works on the standardised path below home: ".." after a
     // link would lead elsewhere than the text the rule judged.
     const auto relativa = relativaPermitida(ruta);
     if (!relativa) {
         errores.push_back(mensaje(tr("{nombre}: ruta no permitida, se omitió"), nombre));
-        return 0;
+        return std::nullopt;
     }
     const plataforma::Vaciado v = plataforma::vaciar(estandarizar(entorno.home), *relativa);
     switch (v.clase) {
@@ -190,20 +200,23 @@ int64_t Limpiador::vaciar(const fs::path& ruta, const std::string& nombre, std::
     case plataforma::Clase::enlace:
     case plataforma::Clase::enlaceEnRuta:
         errores.push_back(mensaje(tr("{nombre}: es un enlace a otra carpeta, se omitió"), nombre));
-        break;
+        return std::nullopt;
     case plataforma::Clase::montaje:
     case plataforma::Clase::conMontaje:
         errores.push_back(mensaje(tr("{nombre}: hay un punto de montaje en su ruta, se omitió"), nombre));
-        break;
+        return std::nullopt;
     case plataforma::Clase::archivo:
         if (!v.error.empty())
             errores.push_back(nombre + ": " + v.error);
         break;
     case plataforma::Clase::carpeta:
-        if (!v.error.empty())
+        if (!v.error.empty()) {
+            // Not opened, so nothing in it went; what is left can't be read either.
             errores.push_back(
                 rellenar(tr("{nombre}: no se pudo abrir ({descripción})"), {{"nombre", nombre}, {"descripción", v.error}}));
-        else if (v.fallidos > 0)
+            return std::nullopt;
+        }
+        if (v.fallidos > 0)
             errores.push_back(rellenar(tr("{nombre}: {fallidos} de {total} elementos no se pudieron borrar (en uso o "
                                           "protegidos)"),
                                        {{"nombre", nombre},

@@ -69,9 +69,10 @@ struct Limpiador {
     // Empties one path in place: a folder stays and loses its children, a file
     // is removed, a link is left alone. A path the rule refuses is not touched.
     // Problems are added to errores under the name given. Returns the bytes of
-    // what was removed but not given back, being hard-linked elsewhere.
-    int64_t vaciar(const std::filesystem::path& ruta, const std::string& nombre,
-                   std::vector<std::string>& errores) const;
+    // what was removed but not given back, being hard-linked elsewhere; absent
+    // when the path was refused and nothing was tried.
+    std::optional<int64_t> vaciar(const std::filesystem::path& ruta, const std::string& nombre,
+                                  std::vector<std::string>& errores) const;
 
     // Moves one path to the Trash if the rule allows it, without leaving the
     // home folder on the way: no folder between the home and it may be a link

@@ -57,8 +57,9 @@ TEST(Limpiador, VaciaEnSitioSinSeguirEnlacesYCuentaLoQueSeFue)
                                           // grown since the analysis, and gone since
                                           elemento(crecio, "crecio", 1),
                                           elemento(casa.ruta("Library/Caches/ido"), "ido", 50000), mixto,
-                                          elemento(enlace, "enlace"),
-                                          elemento(casa.ruta("Library/Cookies/sub"), "por-enlace"),
+                                          // a link now, where the analysis measured a folder
+                                          elemento(enlace, "enlace", 50000),
+                                          elemento(casa.ruta("Library/Cookies/sub"), "por-enlace", 50000),
                                           elemento(casa.ruta("Library/Caches/enlace/../victima"), "victima")})},
                 &avisos);
     plataforma::pruebas::pausaTrasListar = nullptr;
@@ -73,7 +74,8 @@ TEST(Limpiador, VaciaEnSitioSinSeguirEnlacesYCuentaLoQueSeFue)
     EXPECT_TRUE(existe(dentro));
     EXPECT_TRUE(fuera.intacto());
     // The folder's own blocks stay; what grew frees nothing, what is gone
-    // counts in full, and a hard link's data stays with its other name.
+    // counts in full, a hard link's data stays with its other name, and a
+    // refused place frees nothing.
     EXPECT_EQ(r.borrado,
               tamApp - apoyo::asignado(app) - apoyo::asignado(fuera.raiz / "dato") - 8192 + tamLog + 50000);
     EXPECT_EQ(r.enPapelera, 0);
