@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 Desinstalador::Desinstalador(Entorno e) : entorno(std::move(e))
 {
     if (!entorno.prueba) {
-        flatpakSistema = plataforma::flatpakDeSistema();
+        flatpaksSistema = plataforma::flatpaksDeSistema();
         snaps = plataforma::raizSnaps();
         paquetesSnap = plataforma::paquetesSnap();
     }

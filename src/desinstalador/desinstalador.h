@@ -6,6 +6,7 @@
 
 #include "nucleo/entorno.h"
 #include "nucleo/modelo.h"
+#include "plataforma/paquetes.h"
 
 #include <cstdint>
 #include <filesystem>
@@ -50,10 +51,11 @@ struct AppInstalada {
 struct Desinstalador {
     Entorno entorno;
     // The installations outside the home folder: the system's Flatpak
-    // installation, where snaps are mounted and where snapd keeps their
+    // installations, where snaps are mounted and where snapd keeps their
     // packages. Empty in test mode, where only the home counts; tests point
     // them at scratch folders.
-    std::filesystem::path flatpakSistema, snaps, paquetesSnap;
+    std::vector<plataforma::InstalacionFlatpak> flatpaksSistema;
+    std::filesystem::path snaps, paquetesSnap;
     // Seconds Flatpak's or Snap's tool may take, password prompt included.
     double limitePaquetes = 600;
 

@@ -58,10 +58,17 @@ std::optional<std::string> Desinstalador::quitarPaquete(const AppInstalada& app)
                                                   sustituto(entorno, "VORLANO_SNAP"),
                                                   sustituto(entorno, "VORLANO_ELEVADOR"), limitePaquetes};
     const plataforma::AppPaquete paquete{.id = app.bundleID, .carpeta = app.url};
-    const plataforma::Desinstalacion d =
-        app.tipo == TipoApp::snap
-            ? plataforma::quitarSnap(app.bundleID, programas)
-            : plataforma::quitarFlatpak(paquete, dentroDe(app.url, entorno.base(plataforma::Base::datos)), programas);
+    // The installation is the one whose app/ folder holds it.
+    std::string opcion = "--system";
+    if (dentroDe(app.url, entorno.base(plataforma::Base::datos)))
+        opcion = "--user";
+    else
+        for (const plataforma::InstalacionFlatpak& i : flatpaksSistema)
+            if (app.url.parent_path().parent_path() == i.carpeta)
+                opcion = i.opcion;
+    const plataforma::Desinstalacion d = app.tipo == TipoApp::snap
+                                             ? plataforma::quitarSnap(app.bundleID, programas)
+                                             : plataforma::quitarFlatpak(paquete, opcion, programas);
     using Estado = plataforma::Desinstalacion::Estado;
     switch (d.estado) {
     case Estado::hecha: return std::nullopt;

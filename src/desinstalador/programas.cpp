@@ -85,8 +85,10 @@ std::vector<AppInstalada> Desinstalador::programas() const
 {
     std::vector<AppInstalada> r;
     const fs::path datos = entorno.base(plataforma::Base::datos);
-    for (const fs::path& inst : {datos / "flatpak", flatpakSistema})
-        for (plataforma::AppPaquete& p : plataforma::appsFlatpak(inst))
+    std::vector<plataforma::InstalacionFlatpak> instalaciones{{datos / "flatpak", "--user"}};
+    instalaciones.insert(instalaciones.end(), flatpaksSistema.begin(), flatpaksSistema.end());
+    for (const plataforma::InstalacionFlatpak& inst : instalaciones)
+        for (plataforma::AppPaquete& p : plataforma::appsFlatpak(inst.carpeta))
             r.push_back(dePaquete(std::move(p), TipoApp::flatpak));
     for (plataforma::AppPaquete& p : plataforma::appsSnap(snaps, paquetesSnap))
         r.push_back(dePaquete(std::move(p), TipoApp::snap));

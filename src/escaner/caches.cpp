@@ -6,8 +6,11 @@
 
 #include "nucleo/textos.h"
 #include "plataforma/lectura.h"
+#include "plataforma/paquetes.h"
 
 #include <sys/stat.h>
+
+#include <map>
 
 namespace fs = std::filesystem;
 
@@ -91,10 +94,24 @@ std::vector<Elemento> Escaner::cachesDeFlatpak(const AppsAbiertas& abiertas) con
     const auto raiz = carpetaReal(entorno.ruta(".var/app"));
     if (!raiz)
         return r;
+    // Each row by the name the application shows where it is installed: the
+    // user's installation, and outside test mode the system's.
+    std::map<std::string, std::string> nombres;
+    std::vector<plataforma::InstalacionFlatpak> instalaciones;
+    if (const auto datos = base(plataforma::Base::datos))
+        instalaciones.push_back({*datos / "flatpak", "--user"});
+    if (!entorno.prueba)
+        for (plataforma::InstalacionFlatpak& i : plataforma::flatpaksDeSistema())
+            instalaciones.push_back(std::move(i));
+    for (const plataforma::InstalacionFlatpak& i : instalaciones)
+        for (plataforma::AppPaquete& app : plataforma::appsFlatpak(i.carpeta))
+            nombres.try_emplace(app.id, std::move(app.nombre));
     for (const std::string& id : plataforma::nombresEn(*raiz)) {
         const fs::path cache = *raiz / id / "cache";
+        const auto nombre = nombres.find(id);
         if (esCarpeta(*raiz / id) && esCarpeta(cache))
-            r.push_back(filaDeApp({cache}, id, mostrar(cache), {id}, abiertas));
+            r.push_back(filaDeApp({cache}, nombre != nombres.end() && !nombre->second.empty() ? nombre->second : id,
+                                  mostrar(cache), {id}, abiertas));
     }
     return r;
 }

@@ -116,12 +116,12 @@ struct Escaner {
     std::vector<Elemento> desdeReglas(const std::vector<Regla>& reglas, const AppsAbiertas& abiertas,
                                       bool seleccionar) const;
     // The folders of Electron-style apps in Library/Application Support and
-    // the config home: those with Code Cache or GPUCache inside.
+    // the config home: those with Code Cache, GPUCache or GrShaderCache inside.
     std::vector<std::filesystem::path> appsElectron() const;
     // One item per Electron-style app: its cache folders, never the app's own folder.
     std::vector<Elemento> cachesDeElectron(const AppsAbiertas& abiertas) const;
     // One item per Flatpak application with a cache (~/.var/app/<id>/cache),
-    // and per Snap with caches (~/snap/<name>/<revision or common>/.cache).
+    // named as the installed application shows itself, else by its id; and per Snap with caches (~/snap/<name>/<revision or common>/.cache).
     std::vector<Elemento> cachesDeFlatpak(const AppsAbiertas& abiertas) const;
     std::vector<Elemento> cachesDeSnap(const AppsAbiertas& abiertas) const;
     // Logs found by their shape: the X server's logs of ended sessions, the

@@ -22,10 +22,18 @@ struct AppPaquete {
     std::filesystem::path icono;   // an icon file of its own, or empty
 };
 
-// The system's Flatpak installation ($FLATPAK_SYSTEM_DIR, else
-// /var/lib/flatpak), as flatpak itself finds it. The user's is flatpak/ in the
-// data home.
-std::filesystem::path flatpakDeSistema();
+// A Flatpak installation: its folder, and the option that names it to the
+// flatpak command ("--user", "--system" or "--installation=<id>").
+struct InstalacionFlatpak {
+    std::filesystem::path carpeta;
+    std::string opcion;
+};
+
+// The system's Flatpak installations, as flatpak itself finds them: the
+// default one ($FLATPAK_SYSTEM_DIR, else /var/lib/flatpak) and each one the
+// key files of installations.d declare ($FLATPAK_CONFIG_DIR, else
+// /etc/flatpak). The user's is flatpak/ in the data home, "--user".
+std::vector<InstalacionFlatpak> flatpaksDeSistema();
 
 // The applications of one installation: each app/<id> folder with an active
 // deployment whose metadata names that id; carpeta is app/<id>. Half-removed
@@ -66,9 +74,10 @@ struct ProgramasPaquetes {
 };
 
 // Uninstalls a Flatpak application, every deployed branch of it, from the
-// user's installation or, through the password prompt, from the system's.
-// Non-interactive.
-Desinstalacion quitarFlatpak(const AppPaquete& app, bool deUsuario, const ProgramasPaquetes& programas = {});
+// user's installation or, through the password prompt, from one of the
+// system's; `opcion` names the installation. Non-interactive.
+Desinstalacion quitarFlatpak(const AppPaquete& app, const std::string& opcion,
+                             const ProgramasPaquetes& programas = {});
 
 // Removes a snap (`snap remove`), through the password prompt.
 Desinstalacion quitarSnap(const std::string& nombre, const ProgramasPaquetes& programas = {});

@@ -221,7 +221,7 @@ TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
     archivoModo(sistema.ruta("snap/otronombre/7/meta/snap.yaml"), "name: distinto\n");
 
     Desinstalador d(casa.entorno());
-    d.flatpakSistema = sistema.ruta("flatpak");
+    d.flatpaksSistema = {{sistema.ruta("flatpak"), "--system"}};
     d.snaps = sistema.ruta("snap");
     d.paquetesSnap = sistema.ruta("snaps");
     std::map<std::string, std::string> hallados;
@@ -302,7 +302,7 @@ TEST_F(CasaLinux, HerramientasDePaquetes)
     snap(sistema.ruta("snap"), sistema.ruta("snaps"), "editor", "title: Editor\n");
     casa.archivo("snap/editor/7/x", 4096);
     Desinstalador d(casa.entorno());
-    d.flatpakSistema = sistema.ruta("flatpak");
+    d.flatpaksSistema = {{sistema.ruta("flatpak"), "--system"}};
     d.snaps = sistema.ruta("snap");
     d.paquetesSnap = sistema.ruta("snaps");
     d.limitePaquetes = 2;

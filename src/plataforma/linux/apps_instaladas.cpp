@@ -67,10 +67,11 @@ AppsConocidas::AppsConocidas()
 
     // Flatpak: one folder per application id, in the user's and the system's
     // installation.
-    const fs::path instalaciones[] = {datosDeUsuario() / "flatpak", flatpakDeSistema()};
-    for (const fs::path& inst : instalaciones) {
+    std::vector<InstalacionFlatpak> instalaciones = flatpaksDeSistema();
+    instalaciones.push_back({datosDeUsuario() / "flatpak", "--user"});
+    for (const InstalacionFlatpak& inst : instalaciones) {
         std::error_code ec;
-        for (fs::directory_iterator it(inst / "app", ec), fin; !ec && it != fin; it.increment(ec))
+        for (fs::directory_iterator it(inst.carpeta / "app", ec), fin; !ec && it != fin; it.increment(ec))
             ids_.insert(minusculas(it->path().filename().string()));
     }
 }

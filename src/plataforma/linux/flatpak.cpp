@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 
 #include <cstdlib>
+#include <string_view>
 
 namespace fs = std::filesystem;
 
@@ -59,11 +60,40 @@ std::string versionDeDespliegue(const fs::path& deploy)
 
 } // namespace
 
-fs::path flatpakDeSistema()
+std::vector<InstalacionFlatpak> flatpaksDeSistema()
 {
-    if (const char* s = std::getenv("FLATPAK_SYSTEM_DIR"); s != nullptr && *s)
-        return s;
-    return "/var/lib/flatpak";
+    std::vector<InstalacionFlatpak> r;
+    const char* s = std::getenv("FLATPAK_SYSTEM_DIR");
+    r.push_back({s != nullptr && *s ? fs::path(s) : fs::path("/var/lib/flatpak"), "--system"});
+    const char* c = std::getenv("FLATPAK_CONFIG_DIR");
+    const fs::path conf = fs::path(c != nullptr && *c ? c : "/etc/flatpak") / "installations.d";
+    // Each key file holds groups [Installation "<id>"] with the folder in Path.
+    for (const std::string& nombre : nombresEn(conf)) {
+        if (!nombre.ends_with(".conf"))
+            continue;
+        const auto texto = leerArchivo(conf / nombre, maximoMetadatos);
+        if (!texto)
+            continue;
+        GKeyFile* k = g_key_file_new();
+        if (g_key_file_load_from_data(k, texto->data(), texto->size(), G_KEY_FILE_NONE, nullptr)) {
+            gchar** grupos = g_key_file_get_groups(k, nullptr);
+            for (gchar** g = grupos; g != nullptr && *g != nullptr; ++g) {
+                const std::string_view grupo(*g);
+                constexpr std::string_view prefijo = "Installation \"";
+                if (!grupo.starts_with(prefijo) || !grupo.ends_with('"') || grupo.size() <= prefijo.size() + 1)
+                    continue;
+                const std::string id(grupo.substr(prefijo.size(), grupo.size() - prefijo.size() - 1));
+                if (gchar* ruta = g_key_file_get_string(k, *g, "Path", nullptr)) {
+                    if (ruta[0] == '/')
+                        r.push_back({fs::path(ruta), "--installation=" + id});
+                    g_free(ruta);
+                }
+            }
+            g_strfreev(grupos);
+        }
+        g_key_file_free(k);
+    }
+    return r;
 }
 
 std::vector<AppPaquete> appsFlatpak(const fs::path& instalacion)

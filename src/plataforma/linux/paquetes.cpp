@@ -78,7 +78,7 @@ Desinstalacion correr(std::vector<std::string> orden, const std::string& herrami
 
 } // namespace
 
-Desinstalacion quitarFlatpak(const AppPaquete& app, bool deUsuario, const ProgramasPaquetes& programas)
+Desinstalacion quitarFlatpak(const AppPaquete& app, const std::string& opcion, const ProgramasPaquetes& programas)
 {
     // Each deployed arch/branch by its full ref, so that flatpak has nothing
     // to ask about.
@@ -96,9 +96,9 @@ Desinstalacion quitarFlatpak(const AppPaquete& app, bool deUsuario, const Progra
     // without a terminal it won't ask; the system's installation is changed
     // as administrator instead, after the system's password prompt.
     std::vector<std::string> orden{programas.flatpak.value_or(buscarPrograma({"/usr/bin/flatpak"}).value_or("")),
-                                   "uninstall", deUsuario ? "--user" : "--system", "--noninteractive", "-y"};
+                                   "uninstall", opcion, "--noninteractive", "-y"};
     orden.insert(orden.end(), refs.begin(), refs.end());
-    return correr(std::move(orden), "flatpak", !deUsuario, programas);
+    return correr(std::move(orden), "flatpak", opcion != "--user", programas);
 }
 
 Desinstalacion quitarSnap(const std::string& nombre, const ProgramasPaquetes& programas)
