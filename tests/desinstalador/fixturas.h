@@ -6,22 +6,22 @@
 
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
+#include "desinstalador/desinstalador.h"
 #include "plataforma/papelera.h"
 
 #include <glib.h>
 #include <gtest/gtest.h>
 #include <plist/plist.h>
-#include <sys/stat.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <regex>
 #include <set>
 #include <sstream>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -60,7 +60,8 @@ inline std::set<std::string> enPapelera()
     return r;
 }
 
-// A file with that content and the given mode.
+// A file with that content and the given mode; guion makes it a shell script
+// standing in for an outside program, entrada a desktop entry of an application.
 inline fs::path archivoModo(const fs::path& p, std::string_view contenido, fs::perms modo = fs::perms::owner_all)
 {
     fs::create_directories(p.parent_path());
@@ -68,14 +69,10 @@ inline fs::path archivoModo(const fs::path& p, std::string_view contenido, fs::p
     fs::permissions(p, modo);
     return p;
 }
-
-// A shell script, as a stand-in for an outside program.
 inline fs::path guion(const fs::path& p, std::string_view cuerpo)
 {
     return archivoModo(p, "#!/bin/sh\n" + std::string(cuerpo) + "\n");
 }
-
-// A desktop entry of an application: the lines given after the group header.
 inline fs::path entrada(const fs::path& p, std::string_view lineas)
 {
     return archivoModo(p, "[Desktop Entry]\nType=Application\n" + std::string(lineas), fs::perms::owner_read | fs::perms::owner_write);
@@ -129,3 +126,41 @@ inline std::set<std::string> huerfanosDelInforme(const fs::path& casa)
         r.insert(m.str(1) + " " + m.str(2));
     return r;
 }
+
+// A test-mode home (the stand-ins of outside programs are honoured in test
+// mode only) whose Trash starts empty. The system's desktop entries, Flatpak
+// installation and snaps are scratch folders under `sistema`, so nothing the
+// machine has installed leaks in.
+class CasaApps : public ::testing::Test {
+protected:
+    apoyo::CasaPrueba casa, sistema;
+    apoyo::Variable modoPrueba{"VORLANO_HOME", casa.raiz().string()};
+    apoyo::Variable dirs{"XDG_DATA_DIRS", sistema.ruta("share").string()};
+    apoyo::Variable flatpakSistema{"FLATPAK_SYSTEM_DIR", sistema.ruta("flatpak").string()};
+    const fs::path datos = casa.ruta(".local/share");
+    const fs::path aplicaciones = datos / "applications";
+    CasaApps() { apoyo::borrarArbol(plataforma::carpetaPapelera()); }
+
+    Desinstalador conSistema() const
+    {
+        Desinstalador d(casa.entorno());
+        d.flatpaksSistema = {{sistema.ruta("flatpak"), "--system"}};
+        d.snaps = sistema.ruta("snap");
+        d.paquetesSnap = sistema.ruta("snaps");
+        return d;
+    }
+    // Path below the home folder -> detalle.
+    std::map<std::string, std::string> hallados(const std::vector<Elemento>& es) const
+    {
+        std::map<std::string, std::string> r;
+        for (const Elemento& e : es)
+            r[e.url.lexically_relative(casa.raiz()).string()] = e.detalle.value_or("");
+        return r;
+    }
+    static const AppInstalada& app(const std::vector<AppInstalada>& apps, std::string_view nombre)
+    {
+        const auto it = std::find_if(apps.begin(), apps.end(), [&](const auto& a) { return a.nombre == nombre; });
+        EXPECT_NE(it, apps.end()) << nombre;
+        return *it;
+    }
+};

@@ -1,58 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The applications of a Linux home: listed, their leftovers found, each kind
 // uninstalled, and the data of those that are gone found by the scan.
-#include "desinstalador/desinstalador.h"
-
-#include "apoyo/casa.h"
-#include "apoyo/proceso.h"
 #include "escaner/medicion.h"
-#include "nucleo/textos.h"
-#include "plataforma/entradas.h"
 #include "fixturas.h"
+#include "nucleo/textos.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-
-using apoyo::CasaPrueba;
+using CasaLinux = CasaApps;
 using Hallados = std::map<std::string, std::string>;
-
-namespace {
-
-class CasaLinux : public ::testing::Test {
-protected:
-    CasaPrueba casa;
-    // The stand-ins are honoured in test mode only.
-    apoyo::Variable modoPrueba{"VORLANO_HOME", casa.raiz().string()};
-    const fs::path datos = casa.ruta(".local/share");
-    const fs::path aplicaciones = datos / "applications";
-    CasaLinux() { apoyo::borrarArbol(plataforma::carpetaPapelera()); }
-
-    // Path below the home folder -> detalle.
-    Hallados hallados(const std::vector<Elemento>& es) const
-    {
-        Hallados r;
-        for (const Elemento& e : es)
-            r[e.url.lexically_relative(casa.raiz()).string()] = e.detalle.value_or("");
-        return r;
-    }
-    const AppInstalada& app(const std::vector<AppInstalada>& apps, std::string_view nombre) const
-    {
-        const auto it = std::find_if(apps.begin(), apps.end(), [&](const auto& a) { return a.nombre == nombre; });
-        EXPECT_NE(it, apps.end()) << nombre;
-        return *it;
-    }
-};
-
-} // namespace
 
 TEST_F(CasaLinux, ListaRestosYDesinstalaCadaTipo)
 {
-    // Two Flatpak applications of the user's installation; one keeps data.
+    // A Flatpak application of the user's installation.
     const fs::path notas = flatpak(datos / "flatpak", "org.ejemplo.Notas", "Notas", "2.1", 96 * 1024);
-    flatpak(datos / "flatpak", "org.ejemplo.Pizarra", "Pizarra", "", 8192);
-    casa.archivo(".var/app/org.ejemplo.Notas/data/notas.db", 64 * 1024);
-    casa.archivo(".config/Notas/ajustes", 4096); // not the sandboxed Flatpak's
     // An AppImage integrated into the menu, with its icon.
     const fs::path lienzo = archivoModo(casa.ruta("Applications/Lienzo-3.0-x86_64.AppImage"), std::string(40000, 'a'));
     entrada(aplicaciones / "appimagekit_ab12-Lienzo.desktop",
@@ -69,9 +28,9 @@ TEST_F(CasaLinux, ListaRestosYDesinstalaCadaTipo)
     casa.archivo(".local/share/icons/hicolor/48x48/apps/cartografo.png", 4096);
     casa.archivo(".config/cartografo-main/ajustes", 4096);
     casa.archivo(".local/state/cartografo/historial", 4096);
-    // Not theirs: another program's entry, a longer name, a shared folder.
+    // Not theirs: another program's entry, a longer name.
     entrada(aplicaciones / "otro.desktop", "Name=Otro\nExec=/usr/bin/env\nIcon=otro\n");
-    for (const char* ajena : {".config/lienzo-beta/x", ".local/share/fonts/lienzo.ttf", ".cache/cartografo-main.log"})
+    for (const char* ajena : {".config/lienzo-beta/x", ".cache/cartografo-main.log"})
         casa.archivo(ajena, 4096);
     // Data of Flatpak and reverse-domain applications that are gone.
     casa.archivo(".var/app/org.viejo.Ido/data/x", 100 * 1024);
@@ -89,10 +48,7 @@ TEST_F(CasaLinux, ListaRestosYDesinstalaCadaTipo)
                          {"Cartógrafo", TipoApp::enCasa, "cartografo", "", casa.ruta("opt/Cartografo")},
                          {"Lienzo", TipoApp::appImage, "appimagekit_ab12-Lienzo", "3.0", lienzo},
                          {"Notas", TipoApp::flatpak, "org.ejemplo.Notas", "2.1", notas},
-                         {"Pizarra", TipoApp::flatpak, "org.ejemplo.Pizarra", "", datos / "flatpak/app/org.ejemplo.Pizarra"},
                      }));
-    // What is measured is the application's whole folder or file.
-    EXPECT_EQ(tamanoEnDisco(apps[0].url), apoyo::du(casa.ruta("opt/Cartografo")));
 
     const std::map<std::string, Hallados> restos{
         {"Cartógrafo",
@@ -106,8 +62,6 @@ TEST_F(CasaLinux, ListaRestosYDesinstalaCadaTipo)
           {".cache/lienzo", "Cachés"},
           {".local/share/applications/appimagekit_ab12-Lienzo.desktop", "Acceso en el menú de aplicaciones"},
           {".local/share/icons/hicolor/256x256/apps/appimagekit_ab12_lienzo.png", "Icono"}}},
-        {"Notas", {{".var/app/org.ejemplo.Notas", "Datos de la app (Flatpak)"}}},
-        {"Pizarra", {}},
     };
     for (const auto& [nombre, esperado] : restos)
         EXPECT_EQ(hallados(d.restos(app(apps, nombre))), esperado) << nombre;
@@ -117,39 +71,24 @@ TEST_F(CasaLinux, ListaRestosYDesinstalaCadaTipo)
               (std::set<std::string>{"[ ] org.viejo.Ido — 1 carpeta o archivo de una app que ya no está instalada",
                                      "[ ] net.viejo.Otro — 1 carpeta o archivo de una app que ya no está instalada"}));
 
-    // Each kind uninstalled; Flatpak's through its tool, which is told exactly
-    // what to remove.
-    const fs::path argumentos = casa.ruta("argumentos");
-    apoyo::Variable herramienta("VORLANO_FLATPAK",
-                                guion(casa.ruta("flatpak"), "echo \"$@\" > '" + argumentos.string() + "'\nrm -r '" +
-                                                                notas.string() + "'")
-                                    .string());
+    // An AppImage and a home program go to the Trash with their leftovers,
+    // and nothing else does.
     std::set<std::string> movidos;
-    for (const char* nombre : {"Notas", "Lienzo", "Cartógrafo"}) {
+    for (const char* nombre : {"Lienzo", "Cartógrafo"}) {
         AppInstalada a = app(apps, nombre);
         a.tamano = tamanoEnDisco(a.url);
         const auto es = d.restos(a);
-        int64_t restosBytes = 0;
+        int64_t bytes = a.tamano;
+        movidos.insert(a.url);
         for (const Elemento& e : es) {
-            restosBytes += e.tamano;
+            bytes += e.tamano;
             movidos.insert(e.url);
         }
         const Resultado r = d.desinstalar(a, es);
         EXPECT_EQ(r.errores, std::vector<std::string>{}) << nombre;
-        EXPECT_FALSE(fs::exists(fs::symlink_status(a.url))) << nombre;
-        if (a.tipo == TipoApp::flatpak) {
-            EXPECT_EQ(apoyo::leer(argumentos), "uninstall --user --noninteractive -y app/org.ejemplo.Notas/x86_64/stable\n");
-            EXPECT_EQ(r.borrado, a.tamano);
-            EXPECT_EQ(r.enPapelera, restosBytes);
-        } else {
-            movidos.insert(a.url);
-            EXPECT_EQ(r.enPapelera, a.tamano + restosBytes) << nombre;
-        }
+        EXPECT_EQ(r.enPapelera, bytes) << nombre;
     }
     EXPECT_EQ(enPapelera(), movidos);
-    for (const char* queda : {".config/Notas", ".config/lienzo-beta", ".local/share/fonts/lienzo.ttf",
-                              ".cache/cartografo-main.log", ".local/share/applications/otro.desktop"})
-        EXPECT_TRUE(fs::exists(casa.ruta(queda))) << queda;
 }
 
 TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
@@ -183,15 +122,12 @@ TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
         {"suite-b", "Name=Suite B\nExec=" + archivoModo(casa.ruta("opt/suite/bin/b"), "").string(), ""},
         {"madre", "Name=Madre\nExec=" + prog("apps2/madre"), "apps2/madre/bin/run"},
         {"hija", "Name=Hija\nExec=" + prog("apps2/madre/hija"), "apps2/madre/hija"},
-        // An icon larger than any icon is not offered to the screens.
-        {"icono", "Name=Icono\nIcon=" + casa.disperso("iconos/icono.png", 1 << 30).string() + "\nExec=" + prog("opt/icono"),
-         "opt/icono"},
-        // Larger than any entry anyone writes: not read at all.
-        {"enorme", "Name=Enorme\nExec=" + prog("opt/enorme") + "\n" + std::string(plataforma::maximoEntrada, '#'), ""},
     };
     archivoModo(casa.ruta("opt/Con \"Comillas\" y espacio/run"), "");
     for (const Fila& f : filas)
         entrada(aplicaciones / (std::string(f.id) + ".desktop"), f.lineas + "\n");
+    // Too large to be an entry (sparse: nothing is written).
+    casa.disperso(".local/share/applications/enorme.desktop", 8LL << 30);
     // AppImages: the real ones, and a link, a folder, a file without the
     // executable bit that only look like one.
     archivoModo(casa.ruta("Applications/Mayus.APPIMAGE"), "ai");
@@ -210,8 +146,7 @@ TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
     fs::rename(inst / "app/org.ej.Otra", inst / "app/org.ej.Disfrazada");
     archivoModo(inst / "app/org.ej.Archivo", "");
     archivoModo(flatpak(inst, "org.ej.DespliegueRoto", "Roto", "1", 4096) / "current/active/deploy", "\x01\x02\x03");
-    // The system's installation and snaps, where tests point them.
-    CasaPrueba sistema;
+    // The system's installation and snaps.
     flatpak(sistema.ruta("flatpak"), "org.ej.Sistema", "Del sistema", "5", 4096);
     snap(sistema.ruta("snap"), sistema.ruta("snaps"), "editor", "version: '1.5'\ntitle: \"Editor\"\ntype: app\napps:\n  editor:\n    command: x\n");
     snap(sistema.ruta("snap"), sistema.ruta("snaps"), "core22", "version: 1\ntype: base\n");
@@ -220,12 +155,10 @@ TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
     snap(sistema.ruta("snap"), sistema.ruta("snaps"), "otronombre", "version: 1\n");
     archivoModo(sistema.ruta("snap/otronombre/7/meta/snap.yaml"), "name: distinto\n");
 
-    Desinstalador d(casa.entorno());
-    d.flatpaksSistema = {{sistema.ruta("flatpak"), "--system"}};
-    d.snaps = sistema.ruta("snap");
-    d.paquetesSnap = sistema.ruta("snaps");
+    const Desinstalador d = conSistema();
+    const auto apps = d.apps();
     std::map<std::string, std::string> hallados;
-    for (const AppInstalada& a : d.apps())
+    for (const AppInstalada& a : apps)
         hallados[a.bundleID.empty() ? a.nombre : a.bundleID] =
             dentroDe(a.url, casa.raiz()) ? a.url.lexically_relative(casa.raiz()).string() : a.url.string();
     std::map<std::string, std::string> esperado{
@@ -240,12 +173,11 @@ TEST_F(CasaLinux, EntradasYCarpetasDanadasDanMenos)
         if (*f.url)
             esperado[f.id] = f.url;
     EXPECT_EQ(hallados, esperado);
-    const auto apps = d.apps();
     EXPECT_EQ(app(apps, "noutf8").tipo, TipoApp::enCasa);
     EXPECT_EQ(app(apps, "Editor").version, "1.5");
     EXPECT_EQ(app(apps, "Del sistema").version, "5");
+    EXPECT_EQ(app(apps, "Del sistema").icono.filename(), "org.ej.Sistema.png");
     EXPECT_EQ(app(apps, "Roto").version, "");
-    EXPECT_EQ(app(apps, "Icono").icono, fs::path());
 }
 
 TEST_F(CasaLinux, RestosDudososNoSeOfrecen)
@@ -270,41 +202,32 @@ TEST_F(CasaLinux, RestosDudososNoSeOfrecen)
     for (const char* i : {"comun", "herramienta"})
         casa.archivo(std::string(".local/share/icons/hicolor/64x64/apps/") + i + ".png", 4096);
 
+    // Each keeps only its own entry (the AppImage has none), and Herramienta
+    // its own icon: Pincel's folder is the application, not a leftover of it;
+    // Taller's holds another application.
     const Desinstalador d(casa.entorno());
     const auto apps = d.apps();
-    // Each keeps only its own entry; the AppImage has none.
-    for (const AppInstalada& a : apps)
-        if (a.nombre == "Lienzo" || a.nombre == "Fonts") {
-            Hallados esperado;
-            if (a.tipo == TipoApp::enCasa)
-                esperado[".local/share/applications/" + minusculas(a.nombre) + ".desktop"] =
-                    "Acceso en el menú de aplicaciones";
-            EXPECT_EQ(hallados(d.restos(a)), esperado) << a.url;
-        }
-    // Pincel's folder is the application, not a leftover of it; Taller's
-    // holds another application; Herramienta's icon is its own.
-    for (const char* n : {"Pincel", "Taller"})
-        EXPECT_EQ(hallados(d.restos(app(apps, n))),
-                  (Hallados{{".local/share/applications/" + minusculas(n) + ".desktop",
-                             "Acceso en el menú de aplicaciones"}}));
+    ASSERT_EQ(apps.size(), 6u);
+    for (const AppInstalada& a : apps) {
+        Hallados esperado;
+        if (a.tipo == TipoApp::enCasa)
+            esperado[".local/share/applications/" + minusculas(a.nombre) + ".desktop"] = "Acceso en el menú de aplicaciones";
+        if (a.nombre == "Herramienta")
+            esperado[".local/share/icons/hicolor/64x64/apps/herramienta.png"] = "Icono";
+        EXPECT_EQ(hallados(d.restos(a)), esperado) << a.url;
+    }
     EXPECT_EQ(app(apps, "Taller").url, datos / "Taller/bin/taller") << "holds Herramienta";
-    EXPECT_EQ(hallados(d.restos(app(apps, "Herramienta"))),
-              (Hallados{{".local/share/applications/herramienta.desktop", "Acceso en el menú de aplicaciones"},
-                        {".local/share/icons/hicolor/64x64/apps/herramienta.png", "Icono"}}));
 }
 
 TEST_F(CasaLinux, HerramientasDePaquetes)
 {
-    const fs::path notas = flatpak(datos / "flatpak", "org.ejemplo.Notas", "Notas", "1", 8192);
+    flatpak(datos / "flatpak", "org.ejemplo.Notas", "Notas", "1", 8192);
     casa.archivo(".var/app/org.ejemplo.Notas/data/x", 8192);
-    CasaPrueba sistema;
+    casa.archivo(".config/Notas/ajustes", 4096); // not the sandboxed Flatpak's
     flatpak(sistema.ruta("flatpak"), "org.ej.Sistema", "Sistema", "1", 8192);
     snap(sistema.ruta("snap"), sistema.ruta("snaps"), "editor", "title: Editor\n");
     casa.archivo("snap/editor/7/x", 4096);
-    Desinstalador d(casa.entorno());
-    d.flatpaksSistema = {{sistema.ruta("flatpak"), "--system"}};
-    d.snaps = sistema.ruta("snap");
-    d.paquetesSnap = sistema.ruta("snaps");
+    Desinstalador d = conSistema();
     d.limitePaquetes = 2;
     const auto apps = d.apps();
     EXPECT_EQ(hallados(d.restos(app(apps, "Editor"))), (Hallados{{"snap/editor", "Datos de la app (Snap)"}}));
@@ -338,14 +261,24 @@ TEST_F(CasaLinux, HerramientasDePaquetes)
     EXPECT_EQ(apoyo::huellas(casa.raiz()), antes);
     EXPECT_TRUE(enPapelera().empty());
 
-    // As administrator, the system's tool is told exactly what to remove.
+    // Each tool is told exactly what to remove: the user's installation's
+    // directly, the system's and snaps' through the administrator's prompt.
+    // What they remove is deleted; the leftovers go to the Trash.
     const fs::path argumentos = sistema.ruta("argumentos");
-    apoyo::Variable elevador("VORLANO_ELEVADOR",
-                             guion(sistema.ruta("elevador"), "echo \"$@\" >> '" + argumentos.string() + "'").string());
-    apoyo::Variable flatpak("VORLANO_FLATPAK", "/bin/true"), snap("VORLANO_SNAP", "/bin/false");
-    for (const char* n : {"Sistema", "Editor"})
-        EXPECT_EQ(d.desinstalar(app(apps, n), d.restos(app(apps, n))).errores, std::vector<std::string>{}) << n;
-    EXPECT_EQ(enPapelera(), std::set<std::string>{casa.ruta("snap/editor")});
-    EXPECT_EQ(apoyo::leer(argumentos),
-              "/bin/true uninstall --system --noninteractive -y app/org.ej.Sistema/x86_64/stable\n/bin/false remove editor\n");
+    const std::string anotar = "echo \"$@\" >> '" + argumentos.string() + "'";
+    apoyo::Variable elevador("VORLANO_ELEVADOR", guion(sistema.ruta("elevador"), anotar).string());
+    apoyo::Variable flatpak("VORLANO_FLATPAK", guion(sistema.ruta("bin/flatpak"), anotar).string());
+    apoyo::Variable snap("VORLANO_SNAP", "/bin/false");
+    for (const char* n : {"Notas", "Sistema", "Editor"}) {
+        AppInstalada a = app(apps, n);
+        a.tamano = 1000;
+        const Resultado r = d.desinstalar(a, d.restos(a));
+        EXPECT_EQ(r.errores, std::vector<std::string>{}) << n;
+        EXPECT_EQ(r.borrado, 1000) << n;
+    }
+    EXPECT_EQ(enPapelera(), (std::set<std::string>{casa.ruta(".var/app/org.ejemplo.Notas"), casa.ruta("snap/editor")}));
+    EXPECT_EQ(apoyo::leer(argumentos), "uninstall --user --noninteractive -y app/org.ejemplo.Notas/x86_64/stable\n" +
+                                           sistema.ruta("bin/flatpak").string() +
+                                           " uninstall --system --noninteractive -y app/org.ej.Sistema/x86_64/stable\n"
+                                           "/bin/false remove editor\n");
 }
