@@ -1,20 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Leftovers in a real Library of a scratch home: those of one application,
 // and those of applications that are gone.
-#include "desinstalador/desinstalador.h"
-
-#include "apoyo/casa.h"
-#include "apoyo/proceso.h"
 #include "fixturas.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <fstream>
-#include <map>
-
-using apoyo::CasaPrueba;
 using Mapa = std::map<std::string, std::vector<std::string>>;
 
 namespace {
@@ -24,24 +14,8 @@ AppInstalada pintor()
     return AppInstalada{.nombre = "Pintor", .bundleID = "com.Foo.App", .otrosNombres = {"Pintor", "Pintor Pro"}};
 }
 
-// Nothing the machine has installed leaks in: the system's desktop entries
-// and Flatpak installation are scratch folders too.
-class Restos : public ::testing::Test {
+class Restos : public CasaApps {
 protected:
-    CasaPrueba casa;
-    CasaPrueba sistema;
-    apoyo::Variable dirs{"XDG_DATA_DIRS", sistema.ruta("share").string()};
-    apoyo::Variable flatpak{"FLATPAK_SYSTEM_DIR", sistema.ruta("flatpak").string()};
-
-    // Path below the home folder -> detalle, of every leftover found.
-    std::map<std::string, std::string> hallados(const std::vector<Elemento>& es)
-    {
-        std::map<std::string, std::string> r;
-        for (const auto& e : es)
-            r[e.url.lexically_relative(casa.raiz()).string()] = e.detalle.value_or("");
-        return r;
-    }
-
     // Identifier of a gone application -> its entries below the home folder.
     Mapa huerfanos(const std::vector<AppInstalada>& instaladas = {})
     {
@@ -90,13 +64,25 @@ TEST_F(Restos, CadaCarpetaConSuRegla)
             esperado[(carpeta / n).string()] = f.detalle;
         }
     }
+    casa.archivo("Datos/pintor-real/grande", 400 * 1024);
+    casa.enlace("Library/Caches/Pintor", casa.ruta("Datos/pintor-real"));
+    casa.enlace("Library/Caches/Pintor Pro", casa.ruta("no/existe"));
+    esperado["Library/Caches/Pintor"] = esperado["Library/Caches/Pintor Pro"] = "Cachés";
     AppInstalada app = pintor();
     const auto es = Desinstalador(casa.entorno()).restos(app);
     EXPECT_EQ(hallados(es), esperado);
     EXPECT_EQ(es.size(), esperado.size()) << "ninguna ruta dos veces";
-    for (const auto& e : es) {
-        EXPECT_EQ(e.tamano, apoyo::du(e.url));
-        EXPECT_TRUE(e.seleccionado);
+    // Measured and named as found, links not followed: a link by its target
+    // below the home, or when dangling by its own name; a home reached
+    // through a link names the same.
+    const auto porEnlace = Desinstalador(Entorno{casa.enlace("casa", casa.raiz()), true}).restos(app);
+    ASSERT_EQ(porEnlace.size(), es.size());
+    for (size_t i = 0; i < es.size(); ++i) {
+        const std::string ruta = es[i].url.lexically_relative(casa.raiz()).string();
+        EXPECT_EQ(es[i].tamano, apoyo::du(es[i].url)) << ruta;
+        EXPECT_TRUE(es[i].seleccionado);
+        EXPECT_EQ(es[i].nombre, ruta == "Library/Caches/Pintor" ? "~/Datos/pintor-real" : "~/" + ruta);
+        EXPECT_EQ(porEnlace[i].nombre, es[i].nombre);
     }
 
     // Without an identifier only names find anything: an empty one would
@@ -105,6 +91,8 @@ TEST_F(Restos, CadaCarpetaConSuRegla)
     EXPECT_EQ(hallados(Desinstalador(casa.entorno()).restos(app)),
               (std::map<std::string, std::string>{{"Library/Application Support/PINTOR", "Datos de la app"},
                                                   {"Library/Application Support/pintor pro", "Datos de la app"},
+                                                  {"Library/Caches/Pintor", "Cachés"},
+                                                  {"Library/Caches/Pintor Pro", "Cachés"},
                                                   {"Library/Logs/Pintor", "Registros"}}));
 
     // Unreadable: a folder gives nothing and the others still count, for the
@@ -116,24 +104,6 @@ TEST_F(Restos, CadaCarpetaConSuRegla)
         return hallados(Desinstalador(casa.entorno()).restos(pintor())) == esperado &&
                huerfanos({pintor()}) == Mapa{{"net.otra.app", {"Library/Preferences/net.otra.app.plist"}}};
     }));
-}
-
-TEST_F(Restos, EnlacesSonEntradasYSeNombranPorSuDestino)
-{
-    casa.archivo("Datos/pintor-real/grande", 400 * 1024);
-    casa.enlace("Library/Application Support/Pintor", casa.ruta("Datos/pintor-real"));
-    casa.enlace("Library/Logs/Pintor", casa.ruta("no/existe"));
-    // A home folder reached through a link: names are still below it.
-    const fs::path enlace = casa.enlace("casa", casa.raiz());
-    for (const Entorno& entorno : {casa.entorno(), Entorno{enlace, true}}) {
-        const auto es = Desinstalador(entorno).restos(pintor());
-        ASSERT_EQ(es.size(), 2u);
-        // The link is measured, not what it points at; named by its target
-        // below the home, or when dangling by its own name.
-        EXPECT_EQ(es[0].tamano, apoyo::asignado(es[0].url));
-        EXPECT_EQ(es[0].nombre, "~/Datos/pintor-real");
-        EXPECT_EQ(es[1].nombre, "~/Library/Logs/Pintor");
-    }
 }
 
 TEST_F(Restos, HuerfanosQuienCuentaYSuInforme)
@@ -155,14 +125,12 @@ TEST_F(Restos, HuerfanosQuienCuentaYSuInforme)
     for (const auto& [carpeta, nombres] : entradas)
         for (const char* n : nombres)
             casa.archivo(std::string("Library/") + carpeta + "/" + n, 100 * 1024);
-    const fs::path datos = std::getenv("XDG_DATA_HOME");
-    for (const fs::path& entrada : {datos / "applications/Org.Entrada.Usuario.desktop",
-                                    sistema.ruta("share/applications/org.entrada.sistema.desktop"),
-                                    sistema.ruta("share/applications/com.sub/org.ej.desktop")}) {
-        fs::create_directories(entrada.parent_path());
-        std::ofstream(entrada) << "[Desktop Entry]\nType=Application\nName=X\nExec=x\n";
-    }
-    fs::create_directories(datos / "flatpak/app/org.flat.usuario/current");
+    const fs::path datosProceso = std::getenv("XDG_DATA_HOME");
+    for (const fs::path& e : {datosProceso / "applications/Org.Entrada.Usuario.desktop",
+                              sistema.ruta("share/applications/org.entrada.sistema.desktop"),
+                              sistema.ruta("share/applications/com.sub/org.ej.desktop")})
+        entrada(e, "Name=X\nExec=x\n");
+    fs::create_directories(datosProceso / "flatpak/app/org.flat.usuario/current");
     fs::create_directories(sistema.ruta("flatpak/app/org.flat.sistema/current"));
     // Outside the folders the uninstaller lists, in the user's real home.
     crearApp(fs::path(std::getenv("HOME")) / "Applications/Fuera.app", "org.bundle.fuera");
