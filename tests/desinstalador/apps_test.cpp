@@ -1,16 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Installed applications, read from real bundles in a scratch home.
-#include "desinstalador/desinstalador.h"
-
-#include "apoyo/casa.h"
-#include "apoyo/proceso.h"
 #include "fixturas.h"
 #include "nucleo/textos.h"
 #include "plataforma/apps.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <unistd.h>
 
 using apoyo::CasaPrueba;

@@ -1,33 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Uninstalling into the real Trash of the test's data home.
-#include "desinstalador/desinstalador.h"
-
-#include "apoyo/casa.h"
-#include "apoyo/proceso.h"
 #include "fixturas.h"
-#include "plataforma/papelera.h"
 #include "plataforma/permiso.h"
-
-#include <gtest/gtest.h>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <set>
-
 using apoyo::CasaPrueba;
-
-namespace {
-
-class Desinstalar : public ::testing::Test {
-protected:
-    CasaPrueba casa;
-    // The administrator's move reads the test mode from the environment.
-    apoyo::Variable modoPrueba{"VORLANO_HOME", casa.raiz().string()};
-    Desinstalar() { apoyo::borrarArbol(plataforma::carpetaPapelera()); }
-};
-
-} // namespace
+using Desinstalar = CasaApps;
 
 TEST(GuionFinder, EscapaBarrasYComillasEnEseOrden)
 {
@@ -37,10 +17,9 @@ TEST(GuionFinder, EscapaBarrasYComillasEnEseOrden)
 
 TEST_F(Desinstalar, AppYRestosElegidosSoloSiLaAppSeMueve)
 {
-    crearApp(casa.ruta("Applications/Editor.app"), "com.ej.editor");
     casa.archivo("Applications/Editor.app/Contents/MacOS/Editor", 64 * 1024);
     const Desinstalador d(casa.entorno());
-    AppInstalada app = *d.leer(casa.ruta("Applications/Editor.app"));
+    AppInstalada app = *d.leer(crearApp(casa.ruta("Applications/Editor.app"), "com.ej.editor"));
     app.tamano = apoyo::du(app.url);
     casa.archivo("Library/Application Support/Editor/datos", 200 * 1024);
     casa.archivo("Library/Caches/com.ej.editor/cache", 100 * 1024);
