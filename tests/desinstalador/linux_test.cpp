@@ -272,9 +272,14 @@ TEST_F(CasaLinux, HerramientasDePaquetes)
     for (const char* n : {"Notas", "Sistema", "Editor"}) {
         AppInstalada a = app(apps, n);
         a.tamano = 1000;
-        const Resultado r = d.desinstalar(a, d.restos(a));
+        const auto es = d.restos(a);
+        int64_t restos = 0;
+        for (const Elemento& e : es)
+            restos += e.tamano;
+        const Resultado r = d.desinstalar(a, es);
         EXPECT_EQ(r.errores, std::vector<std::string>{}) << n;
         EXPECT_EQ(r.borrado, 1000) << n;
+        EXPECT_EQ(r.enPapelera, restos) << n;
     }
     EXPECT_EQ(enPapelera(), (std::set<std::string>{casa.ruta(".var/app/org.ejemplo.Notas"), casa.ruta("snap/editor")}));
     EXPECT_EQ(apoyo::leer(argumentos), "uninstall --user --noninteractive -y app/org.ejemplo.Notas/x86_64/stable\n" +
