@@ -9,7 +9,6 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace plataforma {
 
@@ -23,22 +22,5 @@ namespace plataforma {
 // with the user's rights).
 Traslado moverAPapeleraComoAdministrador(const std::filesystem::path& ruta,
                                          const std::optional<std::string>& elevador = std::nullopt);
-
-// On a Mac the Finder does that move and asks for the password itself: this is
-// the script for osascript, the path escaped for an AppleScript string (every
-// "\" doubled first, then every '"' escaped, so no added "\" is doubled again).
-inline std::string guionPapeleraFinder(std::string_view ruta)
-{
-    std::string escapada;
-    for (const char c : ruta) {
-        if (c == '\\')
-            escapada += "\\\\";
-        else if (c == '"')
-            escapada += "\\\"";
-        else
-            escapada += c;
-    }
-    return "tell application \"Finder\" to delete (POSIX file \"" + escapada + "\" as alias)";
-}
 
 } // namespace plataforma

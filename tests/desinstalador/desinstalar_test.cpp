@@ -9,12 +9,6 @@
 using apoyo::CasaPrueba;
 using Desinstalar = CasaApps;
 
-TEST(GuionFinder, EscapaBarrasYComillasEnEseOrden)
-{
-    EXPECT_EQ(plataforma::guionPapeleraFinder(R"(/A/Un "raro"\ nombre\".app)"),
-              R"(tell application "Finder" to delete (POSIX file "/A/Un \"raro\"\\ nombre\\\".app" as alias))");
-}
-
 TEST_F(Desinstalar, AppYRestosElegidosSoloSiLaAppSeMueve)
 {
     casa.archivo("Applications/Editor.app/Contents/MacOS/Editor", 64 * 1024);

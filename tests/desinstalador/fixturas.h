@@ -137,14 +137,24 @@ protected:
     apoyo::Variable modoPrueba{"VORLANO_HOME", casa.raiz().string()};
     apoyo::Variable dirs{"XDG_DATA_DIRS", sistema.ruta("share").string()};
     apoyo::Variable flatpakSistema{"FLATPAK_SYSTEM_DIR", sistema.ruta("flatpak").string()};
+    apoyo::Variable configFlatpak{"FLATPAK_CONFIG_DIR", sistema.ruta("etc").string()};
     const fs::path datos = casa.ruta(".local/share");
     const fs::path aplicaciones = datos / "applications";
-    CasaApps() { apoyo::borrarArbol(plataforma::carpetaPapelera()); }
+    CasaApps()
+    {
+        apoyo::borrarArbol(plataforma::carpetaPapelera());
+        // One more installation of the system's, beside a damaged declaration
+        // and one whose folder isn't a full path.
+        sistema.archivoCon("etc/installations.d/extra.conf",
+                           "[Installation \"extra\"]\nPath=" + sistema.ruta("extra").string() + "\n");
+        sistema.archivoCon("etc/installations.d/roto.conf", "[Installation \"roto\"\nPath=/x\n\xff");
+        sistema.archivoCon("etc/installations.d/relativa.conf", "[Installation \"rel\"]\nPath=extra\n");
+    }
 
     Desinstalador conSistema() const
     {
         Desinstalador d(casa.entorno());
-        d.flatpaksSistema = {{sistema.ruta("flatpak"), "--system"}};
+        d.flatpaksSistema = plataforma::flatpaksDeSistema();
         d.snaps = sistema.ruta("snap");
         d.paquetesSnap = sistema.ruta("snaps");
         return d;

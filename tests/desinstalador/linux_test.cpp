@@ -4,6 +4,7 @@
 #include "escaner/medicion.h"
 #include "fixturas.h"
 #include "nucleo/textos.h"
+#include "plataforma/apps.h"
 
 using CasaLinux = CasaApps;
 using Hallados = std::map<std::string, std::string>;
@@ -225,12 +226,17 @@ TEST_F(CasaLinux, HerramientasDePaquetes)
     casa.archivo(".var/app/org.ejemplo.Notas/data/x", 8192);
     casa.archivo(".config/Notas/ajustes", 4096); // not the sandboxed Flatpak's
     flatpak(sistema.ruta("flatpak"), "org.ej.Sistema", "Sistema", "1", 8192);
+    flatpak(sistema.ruta("extra"), "org.ej.Extra", "Extra", "1", 8192);
+    casa.archivo(".var/app/org.ej.Extra/data/x", 4096);
     snap(sistema.ruta("snap"), sistema.ruta("snaps"), "editor", "title: Editor\n");
     casa.archivo("snap/editor/7/x", 4096);
     Desinstalador d = conSistema();
     d.limitePaquetes = 2;
     const auto apps = d.apps();
     EXPECT_EQ(hallados(d.restos(app(apps, "Editor"))), (Hallados{{"snap/editor", "Datos de la app (Snap)"}}));
+    // An application of a declared installation is installed: its data is
+    // its leftover, never an orphan.
+    EXPECT_TRUE(plataforma::AppsConocidas().existe("org.ej.Extra"));
 
     // Whatever way the tool fails, the application and its leftovers stay.
     const auto antes = apoyo::huellas(casa.raiz());
@@ -269,7 +275,7 @@ TEST_F(CasaLinux, HerramientasDePaquetes)
     apoyo::Variable elevador("VORLANO_ELEVADOR", guion(sistema.ruta("elevador"), anotar).string());
     apoyo::Variable flatpak("VORLANO_FLATPAK", guion(sistema.ruta("bin/flatpak"), anotar).string());
     apoyo::Variable snap("VORLANO_SNAP", "/bin/false");
-    for (const char* n : {"Notas", "Sistema", "Editor"}) {
+    for (const char* n : {"Notas", "Sistema", "Extra", "Editor"}) {
         AppInstalada a = app(apps, n);
         a.tamano = 1000;
         const auto es = d.restos(a);
@@ -281,9 +287,12 @@ TEST_F(CasaLinux, HerramientasDePaquetes)
         EXPECT_EQ(r.borrado, 1000) << n;
         EXPECT_EQ(r.enPapelera, restos) << n;
     }
-    EXPECT_EQ(enPapelera(), (std::set<std::string>{casa.ruta(".var/app/org.ejemplo.Notas"), casa.ruta("snap/editor")}));
+    EXPECT_EQ(enPapelera(), (std::set<std::string>{casa.ruta(".var/app/org.ejemplo.Notas"),
+                                                    casa.ruta(".var/app/org.ej.Extra"), casa.ruta("snap/editor")}));
     EXPECT_EQ(apoyo::leer(argumentos), "uninstall --user --noninteractive -y app/org.ejemplo.Notas/x86_64/stable\n" +
                                            sistema.ruta("bin/flatpak").string() +
-                                           " uninstall --system --noninteractive -y app/org.ej.Sistema/x86_64/stable\n"
+                                           " uninstall --system --noninteractive -y app/org.ej.Sistema/x86_64/stable\n" +
+                                           sistema.ruta("bin/flatpak").string() +
+                                           " uninstall --installation=extra --noninteractive -y app/org.ej.Extra/x86_64/stable\n"
                                            "/bin/false remove editor\n");
 }
