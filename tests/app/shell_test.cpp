@@ -13,7 +13,6 @@
 #include "estado/preferencias.h"
 #include "plataforma/sesion.h"
 
-#include <QCoreApplication>
 #include <QProcess>
 #include <QProcessEnvironment>
 
@@ -24,19 +23,6 @@
 #include <cstring>
 
 using apoyo::CasaPrueba;
-
-namespace {
-
-// Runs the event loop until cond holds; the bound only stops a broken test.
-bool hasta(const std::function<bool()>& cond)
-{
-    QDeadlineTimer limite(120'000);
-    while (!cond() && !limite.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
-    return cond();
-}
-
-} // namespace
 
 TEST(VorlanoApp, LeerEnlace)
 {

@@ -2,14 +2,18 @@
 #pragma once
 
 // Waiting for a state object: its signals arrive through the event loop, after
-// a worker has done the engine's part.
+// a worker has done the engine's part. The generous bounds only keep a broken
+// test from hanging; they are no measure of speed.
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QSignalSpy>
 
-// Runs the event loop until the object emits the signal; a generous bound
-// only keeps a broken test from hanging, it is no measure of speed.
+#include <functional>
+
+// Runs the event loop until the object emits the signal.
 template <typename Objeto, typename Senal>
 bool esperar(Objeto* objeto, Senal senal)
 {
@@ -24,4 +28,13 @@ inline bool esperar(QSignalSpy& espia, int veces = 1)
         if (!espia.wait(120'000))
             return false;
     return true;
+}
+
+// Runs the event loop until cond holds.
+inline bool hasta(const std::function<bool()>& cond)
+{
+    QDeadlineTimer limite(120'000);
+    while (!cond() && !limite.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+    return cond();
 }
