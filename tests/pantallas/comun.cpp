@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "pantallas/comun.h"
 
-#include "estado/comun.h"
 #include "estado/preferencias.h"
 #include "estado/trabajo.h"
 
@@ -33,19 +32,15 @@ VentanaPrueba::VentanaPrueba(std::optional<bool> bienvenidaVista,
     asentar();
 }
 
-VentanaPrueba::~VentanaPrueba()
-{
-    app_.reset();
-}
-
 namespace {
 
-// Every object named `nombre` at and below `raiz`, through both trees:
+// Every object named `nombre` at and below `raices`, through both trees:
 // delegates of views and repeaters hang from their visual parent only,
 // popups from the window's overlay.
-std::vector<QObject*> conNombre(const std::vector<QObject*>& raices, const QString& nombre, bool soloUno)
+std::vector<QObject*> conNombre(std::vector<QObject*> pendientes, const std::string& nombre, bool soloUno)
 {
-    std::vector<QObject*> r, pendientes = raices;
+    const QString buscado = QString::fromStdString(nombre);
+    std::vector<QObject*> r;
     QSet<QObject*> vistos;
     while (!pendientes.empty() && !(soloUno && !r.empty())) {
         QObject* o = pendientes.back();
@@ -53,7 +48,7 @@ std::vector<QObject*> conNombre(const std::vector<QObject*>& raices, const QStri
         if (o == nullptr || vistos.contains(o))
             continue;
         vistos.insert(o);
-        if (o->objectName() == nombre)
+        if (o->objectName() == buscado)
             r.push_back(o);
         for (QObject* h : o->children())
             pendientes.push_back(h);
@@ -66,41 +61,45 @@ std::vector<QObject*> conNombre(const std::vector<QObject*>& raices, const QStri
 
 } // namespace
 
-QObject* VentanaPrueba::buscar(const QString& nombre) const
+QObject* VentanaPrueba::buscar(const std::string& nombre) const
 {
-    QQuickWindow* w = app_->ventana();
-    if (w == nullptr)
-        return nullptr;
-    const auto r = conNombre({w, w->contentItem()}, nombre, true);
+    QQuickWindow* ajustes = app_->ajustes();
+    for (QQuickWindow* w : {ajustes && ajustes->isVisible() ? ajustes : nullptr, app_->ventana()})
+        if (w != nullptr)
+            if (const auto r = conNombre({w, w->contentItem()}, nombre, true); !r.empty())
+                return r.front();
+    return nullptr;
+}
+
+QQuickItem* VentanaPrueba::buscar(const std::string& dentro, const std::string& nombre) const
+{
+    const auto r = todos(dentro, nombre);
     return r.empty() ? nullptr : r.front();
 }
 
-QQuickItem* VentanaPrueba::buscar(const char* dentro, const char* nombre) const
-{
-    QObject* o = buscar(dentro);
-    if (o == nullptr)
-        return nullptr;
-    const auto r = conNombre({o}, QString::fromUtf8(nombre), true);
-    return r.empty() ? nullptr : qobject_cast<QQuickItem*>(r.front());
-}
-
-std::vector<QQuickItem*> VentanaPrueba::todos(const char* dentro, const char* nombre) const
+std::vector<QQuickItem*> VentanaPrueba::todos(const std::string& dentro, const std::string& nombre) const
 {
     std::vector<QQuickItem*> r;
     if (QObject* o = buscar(dentro))
-        for (QObject* x : conNombre({o}, QString::fromUtf8(nombre), false))
+        for (QObject* x : conNombre({o}, nombre, false))
             if (auto* item = qobject_cast<QQuickItem*>(x))
                 r.push_back(item);
     return r;
 }
 
-QVariant VentanaPrueba::leer(const char* nombre, const char* propiedad) const
+QVariant VentanaPrueba::leer(const std::string& nombre, const char* propiedad) const
 {
     QObject* o = buscar(nombre);
     return o != nullptr ? o->property(propiedad) : QVariant();
 }
 
-bool VentanaPrueba::visible(const QString& nombre) const
+std::string VentanaPrueba::textoEn(const std::string& dentro, const std::string& nombre) const
+{
+    const QQuickItem* o = buscar(dentro, nombre);
+    return o != nullptr ? o->property("text").toString().toStdString() : std::string();
+}
+
+bool VentanaPrueba::visible(const std::string& nombre) const
 {
     QObject* o = buscar(nombre);
     // A popup is no item: its own flag says it is up.
@@ -109,28 +108,22 @@ bool VentanaPrueba::visible(const QString& nombre) const
     return o != nullptr && o->property("visible").toBool();
 }
 
-void VentanaPrueba::pulsar(QQuickItem* item)
+void VentanaPrueba::pulsar(QQuickItem* item, bool doble)
 {
-    ASSERT_NE(item, nullptr);
-    const QPointF centro = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
-    QTest::mouseClick(ventana(), Qt::LeftButton, {}, centro.toPoint());
-    asentar(50);
+    ASSERT_TRUE(item != nullptr && item->window() != nullptr);
+    const QPoint centro = item->mapToScene(QPointF(item->width() / 2, item->height() / 2)).toPoint();
+    if (doble)
+        QTest::mouseDClick(item->window(), Qt::LeftButton, {}, centro);
+    else
+        QTest::mouseClick(item->window(), Qt::LeftButton, {}, centro);
+    asentar(doble ? 150 : 50);
 }
 
-void VentanaPrueba::pulsar(const QString& nombre)
+void VentanaPrueba::pulsar(const std::string& nombre, bool doble)
 {
     auto* item = qobject_cast<QQuickItem*>(buscar(nombre));
-    ASSERT_NE(item, nullptr) << nombre.toStdString();
-    pulsar(item);
-}
-
-void VentanaPrueba::dobleClic(const std::string& nombre)
-{
-    auto* item = qobject_cast<QQuickItem*>(buscar(QString::fromStdString(nombre)));
     ASSERT_NE(item, nullptr) << nombre;
-    const QPointF centro = item->mapToScene(QPointF(item->width() / 2, item->height() / 2));
-    QTest::mouseDClick(ventana(), Qt::LeftButton, {}, centro.toPoint());
-    asentar();
+    pulsar(item, doble);
 }
 
 void VentanaPrueba::analizar()
@@ -182,26 +175,13 @@ void GestorArchivos::ShowItems(const QStringList& uris, const QString&)
     mostrados_.push_back(uris);
 }
 
-bool hasta(const std::function<bool()>& cond)
-{
-    QDeadlineTimer limite(120'000);
-    while (!cond() && !limite.hasExpired())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-    return cond();
-}
-
-bool hayCapturas()
-{
-    const char* carpeta = std::getenv("VORLANO_CAPTURAS");
-    return carpeta != nullptr && *carpeta != '\0';
-}
-
 void capturar(QQuickWindow* ventana, const std::string& nombre)
 {
-    if (!hayCapturas())
+    const char* destino = std::getenv("VORLANO_CAPTURAS");
+    if (destino == nullptr || *destino == '\0')
         return;
     ASSERT_NE(ventana, nullptr);
-    const std::filesystem::path carpeta = std::getenv("VORLANO_CAPTURAS");
+    const std::filesystem::path carpeta = destino;
     std::filesystem::create_directories(carpeta);
     const QPalette clara = QGuiApplication::palette();
     // A dark palette as a desktop's dark theme gives it.

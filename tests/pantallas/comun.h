@@ -9,6 +9,7 @@
 
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
+#include "estado/comun.h"
 
 #include <QDBusConnection>
 #include <QQuickItem>
@@ -37,7 +38,6 @@ public:
     // the history before anything of the program has read them.
     explicit VentanaPrueba(std::optional<bool> bienvenidaVista = true,
                            const std::function<void(apoyo::CasaPrueba&)>& antes = {});
-    ~VentanaPrueba();
 
     apoyo::CasaPrueba casa;
 
@@ -45,27 +45,27 @@ public:
     Estado& estado() { return app_->estado(); }
     QQuickWindow* ventana() { return app_->ventana(); }
 
-    // The object of that objectName in the window, or null.
-    QObject* buscar(const QString& nombre) const;
-    QObject* buscar(const char* nombre) const { return buscar(QString::fromUtf8(nombre)); }
-    // The object of that objectName below the one named `dentro`, or null.
-    QQuickItem* buscar(const char* dentro, const char* nombre) const;
+    // The object of that objectName in the settings window once it is
+    // open, else in the main window; with `dentro`, below the object of that
+    // name. Null when there is none.
+    QObject* buscar(const std::string& nombre) const;
+    QQuickItem* buscar(const std::string& dentro, const std::string& nombre) const;
     // Every item of that objectName below the one named `dentro`.
-    std::vector<QQuickItem*> todos(const char* dentro, const char* nombre) const;
+    std::vector<QQuickItem*> todos(const std::string& dentro, const std::string& nombre) const;
     // Its property; an invalid value when the object is missing.
-    QVariant leer(const char* nombre, const char* propiedad) const;
+    QVariant leer(const std::string& nombre, const char* propiedad) const;
+    // A property of it as text, by default the text it shows.
+    std::string texto(const std::string& nombre, const char* propiedad = "text") const
+    {
+        return leer(nombre, propiedad).toString().toStdString();
+    }
+    std::string textoEn(const std::string& dentro, const std::string& nombre) const;
     // Whether it is there and shown, its parents too.
-    bool visible(const QString& nombre) const;
-    bool visible(const char* nombre) const { return visible(QString::fromUtf8(nombre)); }
-    // A mouse click at the middle of the item, as the user gives one.
-    void pulsar(QQuickItem* item);
-    void pulsar(const QString& nombre);
-    void pulsar(const char* nombre) { pulsar(QString::fromUtf8(nombre)); }
-    void pulsar(const std::string& nombre) { pulsar(QString::fromStdString(nombre)); }
-    // A double click at the middle of the item of that objectName.
-    void dobleClic(const std::string& nombre);
-    // The text an object shows, and the section the window shows.
-    std::string texto(const char* nombre) const { return leer(nombre, "text").toString().toStdString(); }
+    bool visible(const std::string& nombre) const;
+    // A mouse click, or a double one, at the middle of the item, as the user
+    // gives it, in the item's own window.
+    void pulsar(QQuickItem* item, bool doble = false);
+    void pulsar(const std::string& nombre, bool doble = false);
     std::string seccion() const { return app_->ventana()->property("seccion").toString().toStdString(); }
 
     // An analysis started from the window's state, waited for.
@@ -115,14 +115,10 @@ private:
     std::vector<QStringList> mostrados_;
 };
 
-// Runs the event loop until cond holds; the bound only stops a broken test.
-bool hasta(const std::function<bool()>& cond);
-
 // With VORLANO_CAPTURAS set, writes the window there as
 // "<nombre>-claro.png" and "<nombre>-oscuro.png", in the light and the dark
 // palette, and checks that each shows more than a blank surface. Without
 // it, does nothing.
 void capturar(QQuickWindow* ventana, const std::string& nombre);
-bool hayCapturas();
 
 } // namespace pantallas

@@ -70,13 +70,13 @@ TEST(Demo, TresPantallas)
     auto* mapa = v.buscar("mapa")->property("estado").value<EstadoMapa*>();
     v.pulsar("seccion-mapa");
     v.pulsar("medir");
-    ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
+    ASSERT_TRUE(hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
     v.asentar(400);
     pantallas::capturar(v.ventana(), "demo-mapa");
     // The places left out are named on every level.
     const std::string protegidas = "No se miden (protegidas por macOS): Fotos.photoslibrary, Mail, Trash.";
     EXPECT_EQ(v.texto("protegidas"), protegidas);
-    v.dobleClic("baldosa-Vídeos");
+    v.pulsar("baldosa-Vídeos", true);
     const auto videos = mapa->actual();
     ASSERT_EQ(videos->nombre, "Vídeos");
     EXPECT_EQ(v.texto("protegidas"), protegidas);
@@ -87,7 +87,7 @@ TEST(Demo, TresPantallas)
     v.pulsar("moverAPapelera");
     v.pulsar(v.buscar("confirmarMover", "aceptar"));
     const fs::path boda = v.casa.ruta("Vídeos/boda.mov");
-    ASSERT_TRUE(pantallas::hasta([&] { return !fs::exists(boda); }));
+    ASSERT_TRUE(hasta([&] { return !fs::exists(boda); }));
     v.asentar();
     EXPECT_TRUE(enLaPapelera(boda));
     EXPECT_EQ(videos->tamano, antes - pelicula);
@@ -96,15 +96,15 @@ TEST(Demo, TresPantallas)
     // The uninstall: Pintor and its preferences to the Trash.
     auto* apps = v.buscar("desinstalar")->property("estado").value<EstadoApps*>();
     v.pulsar("seccion-desinstalar");
-    ASSERT_TRUE(pantallas::hasta([&] { return !apps->cargando() && v.buscar("app-Pintor") != nullptr; }));
+    ASSERT_TRUE(hasta([&] { return !apps->cargando() && v.buscar("app-Pintor") != nullptr; }));
     v.asentar();
     v.pulsar("app-Pintor");
-    ASSERT_TRUE(pantallas::hasta([&] { return apps->elegida() && !apps->buscandoRestos(); }));
+    ASSERT_TRUE(hasta([&] { return apps->elegida() && !apps->buscandoRestos(); }));
     v.asentar();
     pantallas::capturar(v.ventana(), "demo-desinstalar");
     v.pulsar("botonDesinstalar");
     v.pulsar(v.buscar("confirmarDesinstalar", "aceptar"));
-    ASSERT_TRUE(pantallas::hasta([&] { return apps->resultado().has_value() && !apps->trabajando(); }));
+    ASSERT_TRUE(hasta([&] { return apps->resultado().has_value() && !apps->trabajando(); }));
     v.asentar(400);
     EXPECT_TRUE(v.visible("exito"));
     EXPECT_EQ(v.texto("tituloExito"), "Pintor está en la Papelera");

@@ -22,7 +22,7 @@ EstadoApps* abrirSeccion(VentanaPrueba& v)
     auto* apps = v.buscar("desinstalar")->property("estado").value<EstadoApps*>();
     EXPECT_NE(apps, nullptr);
     v.pulsar("seccion-desinstalar");
-    EXPECT_TRUE(pantallas::hasta([&] { return !apps->cargando() && !apps->apps().empty() && apps->apps()[0].tamano > 0; }));
+    EXPECT_TRUE(hasta([&] { return !apps->cargando() && !apps->apps().empty() && apps->apps()[0].tamano > 0; }));
     v.asentar();
     return apps;
 }
@@ -111,7 +111,7 @@ TEST(PantallaDesinstalar, ElegirMarcarYDesinstalar)
     }
     // Both have ended and both answers have come back, in whatever order.
     ASSERT_TRUE(grupoDeTrabajo()->waitForDone(120'000));
-    ASSERT_TRUE(pantallas::hasta([&] { return !apps->buscandoRestos(); }));
+    ASSERT_TRUE(hasta([&] { return !apps->buscandoRestos(); }));
     v.asentar();
     v.asentar();
     EXPECT_EQ(v.texto("nombre"), "Beta");
@@ -140,7 +140,7 @@ TEST(PantallaDesinstalar, ElegirMarcarYDesinstalar)
     pantallas::capturar(v.ventana(), "desinstalar-confirmar");
 
     v.pulsar(dialogo->findChild<QQuickItem*>(QStringLiteral("aceptar")));
-    ASSERT_TRUE(pantallas::hasta([&] { return apps->resultado().has_value() && !apps->trabajando(); }));
+    ASSERT_TRUE(hasta([&] { return apps->resultado().has_value() && !apps->trabajando(); }));
     v.asentar(400);
     EXPECT_TRUE(v.visible("exito"));
     EXPECT_EQ(v.texto("tituloExito"), "Beta está en la Papelera");
@@ -173,7 +173,7 @@ TEST(PantallaDesinstalar, AbiertaNoSeDesinstala)
     auto programa = std::make_unique<apoyo::ProgramaEnMarcha>(v.casa.ruta("Applications/Beta.app/Contents/MacOS/beta"));
     EstadoApps* apps = abrirSeccion(v);
     v.pulsar("app-Beta");
-    ASSERT_TRUE(pantallas::hasta([&] { return !apps->buscandoRestos(); }));
+    ASSERT_TRUE(hasta([&] { return !apps->buscandoRestos(); }));
     v.asentar();
     EXPECT_TRUE(v.visible("abierta"));
     EXPECT_FALSE(v.leer("botonDesinstalar", "enabled").toBool());
@@ -181,7 +181,7 @@ TEST(PantallaDesinstalar, AbiertaNoSeDesinstala)
     pantallas::capturar(v.ventana(), "desinstalar-abierta");
 
     programa.reset();
-    EXPECT_TRUE(pantallas::hasta([&] { return !v.visible("abierta"); }));
+    EXPECT_TRUE(hasta([&] { return !v.visible("abierta"); }));
     EXPECT_TRUE(v.leer("botonDesinstalar", "enabled").toBool());
 }
 
@@ -197,10 +197,10 @@ TEST(PantallaDesinstalar, MovimientoFallido)
     if (!fija.activo())
         GTEST_SKIP() << "este sistema de archivos no admite chattr +i";
     v.pulsar("app-Gamma");
-    ASSERT_TRUE(pantallas::hasta([&] { return !apps->buscandoRestos(); }));
+    ASSERT_TRUE(hasta([&] { return !apps->buscandoRestos(); }));
     v.pulsar("botonDesinstalar");
     v.pulsar(v.buscar("confirmarDesinstalar", "aceptar"));
-    ASSERT_TRUE(pantallas::hasta([&] { return apps->resultado().has_value() && !apps->trabajando(); }));
+    ASSERT_TRUE(hasta([&] { return apps->resultado().has_value() && !apps->trabajando(); }));
     v.asentar();
     EXPECT_TRUE(v.visible("detalle"));
     EXPECT_FALSE(v.visible("exito"));
@@ -248,14 +248,14 @@ TEST(PantallaDesinstalar, Soltar)
     }
     // A name that isn't UTF-8 reaches the uninstaller as the same bytes.
     arrastrar(v, {raro});
-    ASSERT_TRUE(pantallas::hasta([&] { return apps->elegida() && !apps->buscandoRestos(); }));
+    ASSERT_TRUE(hasta([&] { return apps->elegida() && !apps->buscandoRestos(); }));
     EXPECT_EQ(apps->elegida()->url, raro);
     v.asentar();
     EXPECT_EQ(v.texto("nombre"), "\uFFFD\uFFFD");
 
     std::swap(cincuenta[0], cincuenta[1]);
     arrastrar(v, cincuenta);
-    ASSERT_TRUE(pantallas::hasta([&] { return apps->elegida()->url == suelta && !apps->buscandoRestos(); }));
+    ASSERT_TRUE(hasta([&] { return apps->elegida()->url == suelta && !apps->buscandoRestos(); }));
     v.asentar();
     EXPECT_EQ(v.texto("nombre"), "Suelta");
     EXPECT_NE(v.buscar("app-Suelta"), nullptr);

@@ -290,7 +290,7 @@ TEST(PantallaLimpieza, DeLaVentanaAlDisco)
     v.pulsar("verAvisos");
     ASSERT_TRUE(v.leer("avisos", "visible").toBool());
     // Its rows are made at the next frame.
-    ASSERT_TRUE(pantallas::hasta([&] { return v.buscar("avisos", "textoAviso") != nullptr; }));
+    ASSERT_TRUE(hasta([&] { return v.buscar("avisos", "textoAviso") != nullptr; }));
     auto* aviso = v.buscar("avisos", "textoAviso");
     EXPECT_EQ(aviso->property("text").toString().toStdString(), r.errores[0]);
     EXPECT_TRUE(aviso->property("selectByMouse").toBool());
@@ -399,7 +399,7 @@ TEST(PantallaLimpieza, MilesDeElementos)
         // Shown in the file manager by the bytes of its path.
         if (raro) {
             v.pulsar(v.buscar(fila.c_str(), "mostrar"));
-            ASSERT_TRUE(pantallas::hasta([&] { return !gestor.mostrados().empty(); }));
+            ASSERT_TRUE(hasta([&] { return !gestor.mostrados().empty(); }));
             EXPECT_EQ(gestor.mostrados().back(),
                       QStringList{QString::fromLatin1("file://" + QByteArray::fromStdString(els[i].url.native())
                                                                       .toPercentEncoding("/"))});

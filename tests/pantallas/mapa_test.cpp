@@ -42,7 +42,7 @@ TEST(PantallaMapa, MedirElegirEntrarYMover)
     pantallas::capturar(v.ventana(), "mapa-inicio");
 
     v.pulsar("medir");
-    ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
+    ASSERT_TRUE(hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
     v.asentar(400);
     EXPECT_TRUE(v.visible("paginaMapa"));
     EXPECT_TRUE(v.visible("pista"));
@@ -64,13 +64,13 @@ TEST(PantallaMapa, MedirElegirEntrarYMover)
     // and a double click stays where it is.
     EXPECT_FALSE(v.leer("baldosa-Pictures", "abrible").toBool());
     EXPECT_TRUE(v.leer("baldosa-Music", "abrible").toBool());
-    v.dobleClic("baldosa-Pictures");
+    v.pulsar("baldosa-Pictures", true);
     EXPECT_EQ(mapa->actual(), raiz);
 
-    v.dobleClic("baldosa-Documents");
+    v.pulsar("baldosa-Documents", true);
     const auto docs = hijo(raiz, "Documents");
     EXPECT_EQ(mapa->actual(), docs);
-    v.dobleClic("baldosa-a");
+    v.pulsar("baldosa-a", true);
     const auto a = hijo(docs, "a");
     ASSERT_EQ(mapa->actual(), a);
     EXPECT_TRUE(v.visible("miga-2"));
@@ -89,7 +89,7 @@ TEST(PantallaMapa, MedirElegirEntrarYMover)
     const int64_t antes[] = {a->tamano, docs->tamano, raiz->tamano}, movido = datos->tamano;
     ASSERT_GE(movido, 5'000'000);
     v.pulsar(dialogo->findChild<QQuickItem*>(QStringLiteral("aceptar")));
-    ASSERT_TRUE(pantallas::hasta([&] { return hijo(a, "datos") == nullptr; }));
+    ASSERT_TRUE(hasta([&] { return hijo(a, "datos") == nullptr; }));
     v.asentar();
     EXPECT_EQ(a->tamano, antes[0] - movido);
     EXPECT_EQ(docs->tamano, antes[1] - movido);
@@ -118,7 +118,7 @@ TEST(PantallaMapa, MedirElegirEntrarYMover)
     if (mapa->midiendo()) {
         EXPECT_FALSE(v.visible("volverAMedir"));
     }
-    ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo(); }));
+    ASSERT_TRUE(hasta([&] { return !mapa->midiendo(); }));
     v.asentar();
     EXPECT_TRUE(v.visible("volverAMedir"));
 }
@@ -143,15 +143,15 @@ TEST(PantallaMapa, CancelarYNombreRaro)
         // The page stays until the measurement has noticed.
         EXPECT_TRUE(v.visible("midiendo"));
     }
-    ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo(); }));
+    ASSERT_TRUE(hasta([&] { return !mapa->midiendo(); }));
     v.asentar();
     EXPECT_TRUE(v.visible("inicio"));
     EXPECT_FALSE(mapa->raiz());
 
     v.pulsar("medir");
-    ASSERT_TRUE(pantallas::hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
+    ASSERT_TRUE(hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
     v.asentar(400);
-    v.dobleClic("baldosa-Documents");
+    v.pulsar("baldosa-Documents", true);
     const std::string nombre = "baldosa-\uFFFD\uFFFD-raro.bin";
     v.pulsar(nombre);
     ASSERT_TRUE(mapa->seleccion());
@@ -160,7 +160,7 @@ TEST(PantallaMapa, CancelarYNombreRaro)
     v.pulsar("moverAPapelera");
     EXPECT_EQ(v.leer("confirmarMover", "titulo").toString().toStdString(), "¿Mover \uFFFD\uFFFD-raro.bin a la Papelera?");
     v.pulsar(v.buscar("confirmarMover", "aceptar"));
-    ASSERT_TRUE(pantallas::hasta([&] { return !fs::exists(fs::symlink_status(raro)); }));
+    ASSERT_TRUE(hasta([&] { return !fs::exists(fs::symlink_status(raro)); }));
     v.asentar();
     EXPECT_EQ(v.buscar(nombre.c_str()), nullptr);
     const auto papelera = apoyo::papelera(plataforma::carpetaPapelera().parent_path());

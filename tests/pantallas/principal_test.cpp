@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window as a whole: its sections, the sidebar, the welcome, the
-// links it serves, and the icon table every screen draws with.
+// The main window as a whole: its sections, the sidebar, the links it
+// serves, the welcome, the settings window beside it, and the icon table
+// every screen draws with.
 #include "pantallas/comun.h"
 
 #include "escaner/escaner.h"
-#include "estado/comun.h"
 #include "estado/navegacion.h"
 #include "estado/preferencias.h"
 #include "pantallas/iconos.h"
@@ -13,6 +13,8 @@
 #include <QFile>
 #include <QRawFont>
 #include <QTranslator>
+
+#include <fstream>
 
 using pantallas::VentanaPrueba;
 
@@ -39,28 +41,47 @@ TEST(Iconos, TablaCompleta)
     EXPECT_TRUE(fuente.supportsCharacter(QChar(glifoDe("no.existe"))));
 }
 
-// The sections by the sidebar, the window's title, the test-mode mark, and
-// the disk line of the sidebar.
-TEST(Principal, SeccionesYBarraLateral)
+// The sections by the sidebar with the window's title, the test-mode mark
+// and the disk line; then links: each shows its section, "analizar" starts
+// an analysis only when none runs, "mapa" starts measuring.
+TEST(Principal, SeccionesYEnlaces)
 {
     VentanaPrueba v;
-    EXPECT_EQ(v.ventana()->objectName().toStdString(), "principal");
     EXPECT_EQ(v.ventana()->title().toStdString(), "Resumen");
     EXPECT_FALSE(v.visible("bienvenida"));
     EXPECT_TRUE(v.visible("modoPrueba"));
-    EXPECT_EQ(v.texto("libres"),
-              formatoBytes(v.estado().libre()) + " libres de " + formatoBytes(v.estado().total()));
+    EXPECT_EQ(v.texto("libres"), formatoBytes(v.estado().libre()) + " libres de " + formatoBytes(v.estado().total()));
     EXPECT_FALSE(v.visible("insignia"));
     pantallas::capturar(v.ventana(), "inicio");
-
     const std::pair<const char*, const char*> secciones[] = {
         {"limpieza", "Limpieza"}, {"mapa", "Mapa del disco"}, {"desinstalar", "Desinstalar apps"}, {"resumen", "Resumen"}};
     for (const auto& [valor, titulo] : secciones) {
         v.pulsar("seccion-" + std::string(valor));
         EXPECT_EQ(v.seccion(), valor);
         EXPECT_EQ(v.ventana()->title().toStdString(), titulo);
-        EXPECT_TRUE(v.visible(QLatin1String(valor)));
+        EXPECT_TRUE(v.visible(valor));
     }
+
+    v.casa.archivo("Library/Caches/una.app/datos", 100 * 4096);
+    Navegacion::shared().ir(Enlace::limpieza);
+    EXPECT_EQ(v.seccion(), "limpieza");
+    EXPECT_FALSE(Navegacion::shared().pendiente());
+    QSignalSpy fin(&v.estado(), &Estado::analisisTerminado);
+    Navegacion::shared().ir(Enlace::analizar);
+    EXPECT_EQ(v.seccion(), "resumen");
+    EXPECT_TRUE(v.estado().estaTrabajando());
+    // A second one while it runs changes the section and starts nothing.
+    Navegacion::shared().ir(Enlace::limpieza);
+    Navegacion::shared().ir(Enlace::analizar);
+    ASSERT_TRUE(esperar(fin));
+    v.asentar(300);
+    EXPECT_EQ(fin.count(), 1);
+    EXPECT_EQ(v.estado().analisisID(), 1);
+    Navegacion::shared().ir(Enlace::mapa);
+    EXPECT_EQ(v.seccion(), "mapa");
+    EXPECT_TRUE(v.leer("mapa", "estado").value<QObject*>()->property("midiendo").toBool());
+    Navegacion::shared().ir(Enlace::desinstalar);
+    EXPECT_EQ(v.seccion(), "desinstalar");
 }
 
 // With the English catalogue installed, the window and the texts computed
@@ -73,8 +94,7 @@ TEST(Principal, EnIngles)
     {
         VentanaPrueba v;
         EXPECT_EQ(v.ventana()->title().toStdString(), "Overview");
-        EXPECT_EQ(v.texto("libres"),
-                  formatoBytes(v.estado().libre()) + " free of " + formatoBytes(v.estado().total()));
+        EXPECT_EQ(v.texto("libres"), formatoBytes(v.estado().libre()) + " free of " + formatoBytes(v.estado().total()));
         pantallas::capturar(v.ventana(), "ingles");
         v.pulsar("seccion-mapa");
         EXPECT_EQ(v.ventana()->title().toStdString(), "Disk map");
@@ -82,49 +102,52 @@ TEST(Principal, EnIngles)
     QCoreApplication::removeTranslator(&ingles);
 }
 
-// A first start shows the welcome over the window; "Empezar" stores that it
-// was seen, and the settings' "see it again" brings it back.
-TEST(Principal, Bienvenida)
+// A settings file nobody sane wrote: a value that means nothing counts as
+// its default (the welcome not seen, 20 GB), while the one sensible value in
+// it (the tray item off) shows that the file was read. The welcome comes up
+// and "Empezar" stores that it was seen; in the settings window, "Nunca"
+// stores 0, another choice its gigabytes, a stored value that isn't a
+// choice shows as it is, the switch stores its state, and "see it again"
+// brings the welcome back.
+TEST(PantallaAjustes, BienvenidaYAjustes)
 {
-    VentanaPrueba v(false);
-    ASSERT_TRUE(v.visible("bienvenida"));
+    VentanaPrueba v(std::nullopt, [](apoyo::CasaPrueba&) {
+        const std::filesystem::path conf = std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "Vorlano/Vorlano.conf";
+        std::filesystem::create_directories(conf.parent_path());
+        std::ofstream(conf) << "[General]\nbarraMenu=false\navisoGB=muchos\nbienvenidaVista=7\n\x01\xff=\x02\n[[roto\n=\n";
+    });
+    Preferencias& p = Preferencias::shared();
+    ASSERT_TRUE(hasta([&] { return v.visible("bienvenida"); }));
+    v.asentar(300);
     pantallas::capturar(v.ventana(), "bienvenida");
     v.pulsar("empezar");
-    EXPECT_TRUE(Preferencias::shared().bienvenidaVista());
-    EXPECT_TRUE(pantallas::hasta([&] { return !v.visible("bienvenida"); }));
-    Preferencias::shared().ponerBienvenidaVista(false);
+    EXPECT_TRUE(p.bienvenidaVista());
+    EXPECT_TRUE(hasta([&] { return !v.visible("bienvenida"); }));
+
+    v.app().abrirAjustes();
+    ASSERT_NE(v.app().ajustes(), nullptr);
     v.asentar();
-    EXPECT_TRUE(v.visible("bienvenida"));
-}
+    pantallas::capturar(v.app().ajustes(), "ajustes");
+    EXPECT_EQ(v.texto("aviso", "displayText"), "20 GB");
+    QObject* aviso = v.buscar("aviso");
+    QMetaObject::invokeMethod(aviso, "activated", Q_ARG(int, 0));
+    EXPECT_EQ(p.avisoGB(), 0);
+    EXPECT_EQ(v.texto("aviso", "displayText"), "Nunca");
+    QMetaObject::invokeMethod(aviso, "activated", Q_ARG(int, 3));
+    EXPECT_EQ(p.avisoGB(), 50);
+    p.ponerAvisoGB(37);
+    v.asentar(50);
+    EXPECT_EQ(v.texto("aviso", "displayText"), "37 GB");
 
-// Links: each shows its section; "analizar" starts an analysis only when
-// none runs; "mapa" starts measuring once.
-TEST(Principal, Enlaces)
-{
-    VentanaPrueba v;
-    v.casa.archivo("Library/Caches/una.app/datos", 100 * 4096);
-    Navegacion::shared().ir(Enlace::limpieza);
-    EXPECT_EQ(v.seccion(), "limpieza");
-    EXPECT_FALSE(Navegacion::shared().pendiente());
+    EXPECT_FALSE(v.leer("barraMenu", "checked").toBool());
+    v.pulsar("barraMenu");
+    EXPECT_TRUE(p.conBarraMenu());
+    EXPECT_TRUE(v.leer("barraMenu", "checked").toBool());
+    // Outside a sandbox the home is fully ours.
+    EXPECT_TRUE(v.visible("activado"));
+    EXPECT_FALSE(v.texto("version").empty());
 
-    QSignalSpy fin(&v.estado(), &Estado::analisisTerminado);
-    QSignalSpy fases(&v.estado(), &Estado::faseChanged);
-    Navegacion::shared().ir(Enlace::analizar);
-    EXPECT_EQ(v.seccion(), "resumen");
-    EXPECT_TRUE(v.estado().estaTrabajando());
-    // A second one while it runs changes the section and starts nothing.
-    Navegacion::shared().ir(Enlace::limpieza);
-    Navegacion::shared().ir(Enlace::analizar);
-    ASSERT_TRUE(esperar(fin));
-    v.asentar(300);
-    EXPECT_EQ(fin.count(), 1);
-    EXPECT_EQ(v.estado().analisisID(), 1);
-
-    auto* mapa = v.buscar("mapa")->property("estado").value<QObject*>();
-    ASSERT_NE(mapa, nullptr);
-    Navegacion::shared().ir(Enlace::mapa);
-    EXPECT_EQ(v.seccion(), "mapa");
-    EXPECT_TRUE(mapa->property("midiendo").toBool());
-    Navegacion::shared().ir(Enlace::desinstalar);
-    EXPECT_EQ(v.seccion(), "desinstalar");
+    v.pulsar("verBienvenida");
+    EXPECT_FALSE(p.bienvenidaVista());
+    EXPECT_TRUE(hasta([&] { return v.visible("bienvenida"); }));
 }
