@@ -1,119 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The map state over real measurements of a scratch home: cancelling, the
-// move to the Trash with the tree corrected in place, and what may be moved.
+// What the map lets the user move or enter, and what it warns of, by where
+// a node lies.
 #include "estado/estado_mapa.h"
 
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
-#include "estado/comun.h"
-#include "estado/historial_compartido.h"
-#include "nucleo/textos.h"
+
+#include <gtest/gtest.h>
 
 #include <unistd.h>
 
-using apoyo::CasaPrueba;
-
-namespace {
-
-// The node at a path below home, walking the tree by names.
-std::shared_ptr<NodoDisco> buscar(const std::shared_ptr<NodoDisco>& raiz, const std::string& relativa)
-{
-    auto n = raiz;
-    for (const auto pieza : trozos(relativa, '/')) {
-        const auto it = std::find_if(n->hijos.begin(), n->hijos.end(), [&](const auto& h) { return h->nombre == pieza; });
-        if (it == n->hijos.end())
-            return nullptr;
-        n = *it;
-    }
-    return n;
-}
-
-} // namespace
-
-// A cancelled first measurement leaves no map; the next one runs in full.
-TEST(EstadoMapa, CancelarLaPrimeraMedicion)
-{
-    CasaPrueba casa;
-    casa.reservado("Documents/a/b", 5'000'000);
-    EstadoMapa m(casa.entorno());
-    QSignalSpy fin(&m, &EstadoMapa::medicionTerminada);
-    m.medir();
-    m.detener();
-    EXPECT_TRUE(m.midiendo());
-    ASSERT_TRUE(esperar(fin));
-    EXPECT_FALSE(m.midiendo());
-    EXPECT_EQ(m.raiz(), nullptr);
-    EXPECT_EQ(m.actual(), nullptr);
-    EXPECT_TRUE(m.camino().empty());
-
-    m.medir();
-    ASSERT_TRUE(esperar(fin, 2));
-    ASSERT_NE(m.raiz(), nullptr);
-    EXPECT_EQ(m.actual(), m.raiz());
-    EXPECT_NE(buscar(m.raiz(), "Documents/a/b"), nullptr);
-}
-
-// Moving a folder lowers every ancestor by its bytes, writes a "mapa" entry
-// beside the uninstaller's, keeps the map on screen while measuring again,
-// and a move the Trash refuses leaves the tree and says why.
-TEST(EstadoMapa, MoverCorrigeElArbol)
-{
-    CasaPrueba casa;
-    apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
-    casa.reservado("Documents/a/b/datos", 5'000'000);
-    casa.reservado("Documents/a/c", 3'000'000);
-    EstadoMapa m(casa.entorno());
-    m.medir();
-    ASSERT_TRUE(esperar(&m, &EstadoMapa::medicionTerminada));
-    const auto raiz = m.raiz();
-    const auto docs = buscar(raiz, "Documents"), a = buscar(raiz, "Documents/a"), b = buscar(raiz, "Documents/a/b");
-    ASSERT_TRUE(docs && a && b);
-    m.entrar(Nodo(a));
-    EXPECT_EQ(m.camino(), (std::vector{raiz, docs, a}));
-    // A file isn't entered.
-    m.entrar(Nodo(buscar(raiz, "Documents/a/c")));
-    EXPECT_EQ(m.actual(), a);
-
-    const int64_t antes[] = {raiz->tamano, docs->tamano, a->tamano};
-    const int64_t movido = b->tamano;
-    m.seleccionar(Nodo(b));
-    QSignalSpy version(&m, &EstadoMapa::versionChanged);
-    m.moverAPapelera(Nodo(b));
-    EXPECT_EQ(version.count(), 1);
-    EXPECT_FALSE(std::filesystem::exists(casa.ruta("Documents/a/b")));
-    EXPECT_EQ(raiz->tamano, antes[0] - movido);
-    EXPECT_EQ(docs->tamano, antes[1] - movido);
-    EXPECT_EQ(a->tamano, antes[2] - movido);
-    EXPECT_EQ(buscar(raiz, "Documents/a/b"), nullptr);
-    EXPECT_EQ(m.seleccion(), nullptr);
-    // Two writers of one process: an entry written beside the map's stays.
-    HistorialCompartido::shared().anotar(Resultado{.borrado = 7}, "desinstalacion");
-    const auto registros = Historial(Historial::archivoDe(casa.entorno())).registros();
-    ASSERT_EQ(registros.size(), 2u);
-    EXPECT_EQ(registros[0].tipo, "mapa");
-    EXPECT_EQ(registros[0].papelera, movido);
-
-    // The Trash refuses a node whose file is already gone.
-    const auto c = buscar(raiz, "Documents/a/c");
-    std::filesystem::remove(casa.ruta("Documents/a/c"));
-    m.moverAPapelera(Nodo(c));
-    EXPECT_TRUE(m.aviso().has_value() && m.aviso()->starts_with("c: "));
-    EXPECT_EQ(buscar(raiz, "Documents/a/c"), c);
-    EXPECT_EQ(version.count(), 1);
-
-    // Measuring again keeps the old map until the new one is there, and
-    // clears the message.
-    m.medir();
-    EXPECT_EQ(m.raiz(), raiz);
-    EXPECT_FALSE(m.aviso());
-    ASSERT_TRUE(esperar(&m, &EstadoMapa::medicionTerminada));
-    EXPECT_NE(m.raiz(), raiz);
-}
-
-// What may be moved, and what the user is warned of, by where the node lies.
 TEST(EstadoMapa, ImpedimentoYAdvertencia)
 {
-    CasaPrueba casa;
+    apoyo::CasaPrueba casa;
     const std::string app = "Visor" + std::to_string(::getpid());
     casa.archivoCon("Applications/" + app + ".app/Contents/Info.plist",
                     "<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>org.prueba." + app +
@@ -152,8 +51,15 @@ TEST(EstadoMapa, ImpedimentoYAdvertencia)
         EXPECT_EQ(m.advertencia(n), c.advertencia) << c.relativa;
     }
     // Protected places are never moved, whatever the path rule says.
-    NodoDisco protegido("x", casa.ruta("Documents/x").string(), true);
-    protegido.protegido = true;
-    EXPECT_EQ(m.impedimento(protegido), "Protegida por macOS");
+    auto protegido = std::make_shared<NodoDisco>("x", casa.archivo("Documents/x", 10).string(), false);
+    protegido->protegido = true;
+    EXPECT_EQ(m.impedimento(*protegido), "Protegida por macOS");
+    m.moverAPapelera(Nodo(protegido));
+    EXPECT_TRUE(std::filesystem::exists(protegido->ruta));
     EXPECT_EQ(m.relativa(NodoDisco("y", "/otro/sitio/y", false)), "/otro/sitio/y");
+    // Only a folder with something in it is entered.
+    for (const bool carpeta : {false, true}) {
+        m.entrar(Nodo(std::make_shared<NodoDisco>("z", casa.ruta("z").string(), carpeta)));
+        EXPECT_EQ(m.actual(), nullptr) << carpeta;
+    }
 }

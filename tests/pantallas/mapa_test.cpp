@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The map section of the window over a measured scratch home: its pages,
-// selecting and entering tiles, the crumbs, the lock, and a move to the
-// Trash redrawn without measuring again; and the tiles' labels by size.
+// The map section of the window over a scratch home: its pages, selecting
+// and entering tiles, the crumbs, the lock, moves to the Trash redrawn
+// without measuring again; and the tiles' labels by size.
 #include "pantallas/comun.h"
 
-#include "estado/comun.h"
 #include "estado/estado_mapa.h"
-#include "nucleo/textos.h"
+#include "estado/historial_compartido.h"
 #include "pantallas/modelo_baldosas.h"
 #include "plataforma/papelera.h"
-
-#include <QTest>
 
 using pantallas::VentanaPrueba;
 namespace fs = std::filesystem;
@@ -27,112 +24,23 @@ std::shared_ptr<NodoDisco> hijo(const std::shared_ptr<NodoDisco>& n, std::string
 
 } // namespace
 
+// Measuring held, then cancelled back to the start page; measured in full,
+// then tiles selected and entered, the lock, a file whose name isn't UTF-8
+// moved to the Trash by its own bytes, a move the Trash refuses, the
+// crumbs, and measuring again.
 TEST(PantallaMapa, MedirElegirEntrarYMover)
 {
     VentanaPrueba v;
-    v.casa.reservado("Documents/a/datos", 5'000'000);
+    const fs::path raro = v.casa.reservado("Documents/a/\xff\xfe-raro.bin", 5'000'000);
     v.casa.reservado("Documents/a/notas", 900'000);
     v.casa.reservado("Documents/b", 3'000'000);
     v.casa.reservado("Music/disco", 2'000'000);
     v.casa.muchos("Pictures", 2000, 100);
-    auto* mapa = v.buscar("mapa")->property("estado").value<EstadoMapa*>();
+    auto* mapa = v.leer("mapa", "estado").value<EstadoMapa*>();
     ASSERT_NE(mapa, nullptr);
     v.pulsar("seccion-mapa");
     EXPECT_TRUE(v.visible("inicio"));
     pantallas::capturar(v.ventana(), "mapa-inicio");
-
-    v.pulsar("medir");
-    ASSERT_TRUE(hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
-    v.asentar(400);
-    EXPECT_TRUE(v.visible("paginaMapa"));
-    EXPECT_TRUE(v.visible("pista"));
-    const auto raiz = mapa->raiz();
-    EXPECT_EQ(v.texto("tamanoActual"), formatoBytes(raiz->tamano));
-
-    // A folder right in home is selected but can't be moved from here.
-    v.pulsar("baldosa-Documents");
-    EXPECT_EQ(mapa->seleccion(), hijo(raiz, "Documents"));
-    EXPECT_TRUE(v.visible("seleccion"));
-    EXPECT_TRUE(v.visible("candado"));
-    EXPECT_EQ(v.leer("barraInferior", "impedimento").toString().toStdString(),
-              "Carpeta del sistema o de tu cuenta: no se puede mover desde aquí");
-    EXPECT_FALSE(v.visible("moverAPapelera"));
-    EXPECT_TRUE(v.visible("abrir"));
-    pantallas::capturar(v.ventana(), "mapa-seleccion");
-
-    // Pictures' files are each below a node of their own: no folder mark,
-    // and a double click stays where it is.
-    EXPECT_FALSE(v.leer("baldosa-Pictures", "abrible").toBool());
-    EXPECT_TRUE(v.leer("baldosa-Music", "abrible").toBool());
-    v.pulsar("baldosa-Pictures", true);
-    EXPECT_EQ(mapa->actual(), raiz);
-
-    v.pulsar("baldosa-Documents", true);
-    const auto docs = hijo(raiz, "Documents");
-    EXPECT_EQ(mapa->actual(), docs);
-    v.pulsar("baldosa-a", true);
-    const auto a = hijo(docs, "a");
-    ASSERT_EQ(mapa->actual(), a);
-    EXPECT_TRUE(v.visible("miga-2"));
-
-    // A file deeper down can be moved: the question, then the tree lowered in place.
-    v.pulsar("baldosa-datos");
-    const auto datos = hijo(a, "datos");
-    ASSERT_EQ(mapa->seleccion(), datos);
-    EXPECT_FALSE(v.visible("candado"));
-    v.pulsar("moverAPapelera");
-    QObject* dialogo = v.buscar("confirmarMover");
-    EXPECT_EQ(dialogo->property("titulo").toString().toStdString(), "¿Mover datos a la Papelera?");
-    EXPECT_EQ(dialogo->property("mensaje").toString().toStdString(),
-              formatoBytes(datos->tamano) + ". Puedes recuperarlo desde la Papelera.");
-    pantallas::capturar(v.ventana(), "mapa-confirmar");
-    const int64_t antes[] = {a->tamano, docs->tamano, raiz->tamano}, movido = datos->tamano;
-    ASSERT_GE(movido, 5'000'000);
-    v.pulsar(dialogo->findChild<QQuickItem*>(QStringLiteral("aceptar")));
-    ASSERT_TRUE(hasta([&] { return hijo(a, "datos") == nullptr; }));
-    v.asentar();
-    EXPECT_EQ(a->tamano, antes[0] - movido);
-    EXPECT_EQ(docs->tamano, antes[1] - movido);
-    EXPECT_EQ(raiz->tamano, antes[2] - movido);
-    EXPECT_EQ(v.buscar("baldosa-datos"), nullptr);
-    // What is left, below a tile of its own, fills the map as "Otros".
-    EXPECT_NE(v.buscar("baldosa-Otros"), nullptr);
-    EXPECT_EQ(v.buscar("baldosa-notas"), nullptr);
-    EXPECT_EQ(v.texto("tamanoActual"), formatoBytes(a->tamano));
-    EXPECT_FALSE(std::filesystem::exists(v.casa.ruta("Documents/a/datos")));
-
-    // A tile, then a crumb: the bar is back at the hint.
-    v.pulsar("miga-0");
-    v.pulsar("baldosa-Music");
-    EXPECT_TRUE(v.visible("seleccion"));
-    v.pulsar("miga-0");
-    EXPECT_EQ(mapa->actual(), raiz);
-    EXPECT_FALSE(mapa->seleccion());
-    EXPECT_TRUE(v.visible("pista"));
-
-    // Measuring again keeps the map on screen and hides the button.
-    ASSERT_TRUE(v.visible("volverAMedir"));
-    v.pulsar("volverAMedir");
-    EXPECT_TRUE(v.visible("paginaMapa"));
-    EXPECT_FALSE(v.visible("midiendo"));
-    if (mapa->midiendo()) {
-        EXPECT_FALSE(v.visible("volverAMedir"));
-    }
-    ASSERT_TRUE(hasta([&] { return !mapa->midiendo(); }));
-    v.asentar();
-    EXPECT_TRUE(v.visible("volverAMedir"));
-}
-
-// The ring while measuring, and a cancel before the first result leaves
-// the start page; measuring again runs in full, and a file whose name isn't
-// UTF-8 is shown, selected and moved to the Trash by its own bytes.
-TEST(PantallaMapa, CancelarYNombreRaro)
-{
-    VentanaPrueba v;
-    const fs::path raro = v.casa.reservado("Documents/\xff\xfe-raro.bin", 2'000'000);
-    v.casa.reservado("Documents/otro.bin", 3'000'000);
-    auto* mapa = v.buscar("mapa")->property("estado").value<EstadoMapa*>();
-    v.pulsar("seccion-mapa");
     {
         pantallas::TrabajoRetenido retenido;
         v.pulsar("medir");
@@ -151,24 +59,100 @@ TEST(PantallaMapa, CancelarYNombreRaro)
     v.pulsar("medir");
     ASSERT_TRUE(hasta([&] { return !mapa->midiendo() && mapa->actual(); }));
     v.asentar(400);
+    EXPECT_TRUE(v.visible("paginaMapa"));
+    EXPECT_TRUE(v.visible("pista"));
+    const auto raiz = mapa->raiz();
+    EXPECT_EQ(v.texto("tamanoActual"), formatoBytes(raiz->tamano));
+
+    // A folder right in home is selected but can't be moved from here.
+    v.pulsar("baldosa-Documents");
+    EXPECT_EQ(mapa->seleccion(), hijo(raiz, "Documents"));
+    EXPECT_TRUE(v.visible("seleccion"));
+    EXPECT_TRUE(v.visible("candado"));
+    EXPECT_EQ(v.texto("barraInferior", "impedimento"), "Carpeta del sistema o de tu cuenta: no se puede mover desde aquí");
+    EXPECT_FALSE(v.visible("moverAPapelera"));
+    EXPECT_TRUE(v.visible("abrir"));
+    pantallas::capturar(v.ventana(), "mapa-seleccion");
+
+    // Pictures' files are each below a node of their own: no folder mark,
+    // and a double click stays where it is.
+    EXPECT_FALSE(v.leer("baldosa-Pictures", "abrible").toBool());
+    EXPECT_TRUE(v.leer("baldosa-Music", "abrible").toBool());
+    v.pulsar("baldosa-Pictures", true);
+    EXPECT_EQ(mapa->actual(), raiz);
     v.pulsar("baldosa-Documents", true);
-    const std::string nombre = "baldosa-\uFFFD\uFFFD-raro.bin";
-    v.pulsar(nombre);
-    ASSERT_TRUE(mapa->seleccion());
-    EXPECT_EQ(mapa->seleccion()->ruta, raro);
+    const auto docs = hijo(raiz, "Documents");
+    EXPECT_EQ(mapa->actual(), docs);
+    v.pulsar("baldosa-a", true);
+    const auto a = hijo(docs, "a");
+    ASSERT_EQ(mapa->actual(), a);
+    EXPECT_TRUE(v.visible("miga-2"));
+
+    // A file deeper down can be moved: the question, then the tree lowered
+    // in place and the move in the history.
+    const std::string baldosa = "baldosa-\uFFFD\uFFFD-raro.bin";
+    v.pulsar(baldosa);
+    const auto datos = hijo(a, raro.filename().native());
+    ASSERT_EQ(mapa->seleccion(), datos);
+    EXPECT_EQ(datos->ruta, raro);
     EXPECT_EQ(v.texto("nombreSeleccion"), "\uFFFD\uFFFD-raro.bin");
+    EXPECT_FALSE(v.visible("candado"));
     v.pulsar("moverAPapelera");
-    EXPECT_EQ(v.leer("confirmarMover", "titulo").toString().toStdString(), "¿Mover \uFFFD\uFFFD-raro.bin a la Papelera?");
+    EXPECT_EQ(v.texto("confirmarMover", "titulo"), "¿Mover \uFFFD\uFFFD-raro.bin a la Papelera?");
+    EXPECT_EQ(v.texto("confirmarMover", "mensaje"), formatoBytes(datos->tamano) + ". Puedes recuperarlo desde la Papelera.");
+    pantallas::capturar(v.ventana(), "mapa-confirmar");
+    const int64_t antes[] = {a->tamano, docs->tamano, raiz->tamano}, movido = datos->tamano;
+    ASSERT_GE(movido, 5'000'000);
     v.pulsar(v.buscar("confirmarMover", "aceptar"));
-    ASSERT_TRUE(hasta([&] { return !fs::exists(fs::symlink_status(raro)); }));
+    ASSERT_TRUE(hasta([&] { return hijo(a, raro.filename().native()) == nullptr; }));
     v.asentar();
-    EXPECT_EQ(v.buscar(nombre.c_str()), nullptr);
-    const auto papelera = apoyo::papelera(plataforma::carpetaPapelera().parent_path());
-    EXPECT_TRUE(papelera.contains(raro.string()));
+    EXPECT_EQ(a->tamano, antes[0] - movido);
+    EXPECT_EQ(docs->tamano, antes[1] - movido);
+    EXPECT_EQ(raiz->tamano, antes[2] - movido);
+    EXPECT_TRUE(apoyo::papelera(plataforma::carpetaPapelera().parent_path()).contains(raro.string()));
+    EXPECT_EQ(v.buscar(baldosa), nullptr);
+    // What is left, below a tile of its own, fills the map as "Otros".
+    EXPECT_NE(v.buscar("baldosa-Otros"), nullptr);
+    EXPECT_EQ(v.buscar("baldosa-notas"), nullptr);
+    EXPECT_EQ(v.texto("tamanoActual"), formatoBytes(a->tamano));
+    const auto& registros = HistorialCompartido::shared().historial().registros();
+    ASSERT_EQ(registros.size(), 1u);
+    EXPECT_EQ(registros[0].tipo, "mapa");
+    EXPECT_EQ(registros[0].papelera, movido);
+
+    // A file already gone: the Trash refuses it, the tree stays and the
+    // message waits behind the selection.
+    v.pulsar("miga-1");
+    v.pulsar("baldosa-b");
+    fs::remove(v.casa.ruta("Documents/b"));
+    v.pulsar("moverAPapelera");
+    v.pulsar(v.buscar("confirmarMover", "aceptar"));
+    EXPECT_TRUE(mapa->aviso() && mapa->aviso()->starts_with("b: "));
+    EXPECT_NE(v.buscar("baldosa-b"), nullptr);
+    // A crumb: the selection goes, the message shows in the bar.
+    v.pulsar("miga-0");
+    EXPECT_EQ(mapa->actual(), raiz);
+    EXPECT_FALSE(mapa->seleccion());
+    EXPECT_TRUE(v.visible("aviso"));
+
+    // Measuring again keeps the map on screen, hides the button and clears
+    // the message; the new map replaces it.
+    {
+        pantallas::TrabajoRetenido retenido;
+        v.pulsar("volverAMedir");
+        EXPECT_TRUE(v.visible("paginaMapa"));
+        EXPECT_FALSE(v.visible("midiendo"));
+        EXPECT_FALSE(v.visible("volverAMedir"));
+        EXPECT_TRUE(v.visible("pista"));
+    }
+    ASSERT_TRUE(hasta([&] { return !mapa->midiendo(); }));
+    v.asentar();
+    EXPECT_TRUE(v.visible("volverAMedir"));
+    EXPECT_NE(mapa->raiz(), raiz);
 }
 
-// Labels only on tiles whose inset cell exceeds 70 by 36; sixty equal
-// children all fit in a large area, and none is labelled in a tiny one.
+// Labels only on tiles whose inset cell exceeds 70 by 36: some in a large
+// area, none in a tiny one.
 TEST(PantallaMapa, EtiquetasSegunElTamano)
 {
     apoyo::CasaPrueba casa;
@@ -180,13 +164,10 @@ TEST(PantallaMapa, EtiquetasSegunElTamano)
     mapa.entrar(Nodo(hijo(mapa.raiz(), "Iguales")));
     ModeloBaldosas baldosas;
     baldosas.ponerEstado(&mapa);
-    baldosas.ponerAncho(1200);
-    baldosas.ponerAlto(900);
-    ASSERT_GT(baldosas.rowCount(), 0);
-    EXPECT_GT(baldosas.conEtiqueta(), 0);
     for (const auto& [ancho, alto] : {std::pair{1200.0, 900.0}, std::pair{400.0, 150.0}, std::pair{72.0, 38.0}}) {
         baldosas.ponerAncho(ancho);
         baldosas.ponerAlto(alto);
+        ASSERT_GT(baldosas.rowCount(), 0);
         int conEtiqueta = 0;
         for (int i = 0; i < baldosas.rowCount(); ++i) {
             const QModelIndex fila = baldosas.index(i);
@@ -196,7 +177,6 @@ TEST(PantallaMapa, EtiquetasSegunElTamano)
             conEtiqueta += fila.data(ModeloBaldosas::etiqueta).toBool();
         }
         EXPECT_EQ(baldosas.conEtiqueta(), conEtiqueta);
+        EXPECT_EQ(conEtiqueta > 0, ancho > 72) << ancho;
     }
-    // A tiny area: colours and tooltips only.
-    EXPECT_EQ(baldosas.conEtiqueta(), 0);
 }
