@@ -96,20 +96,6 @@ TEST(Escaner, RaizEnlazadaNoDaElementos)
     EXPECT_TRUE(cats.empty()) << cats.front().elementos.front().url;
 }
 
-// The home given as a link: the walk sees the same folder as every other
-// stage, and the report names the folder itself.
-TEST(Escaner, CasaQueEsUnEnlace)
-{
-    CasaPrueba casa, otra;
-    casa.archivo("Downloads/instalador.deb", 300000);
-    casa.archivo("Library/Caches/org.x/d", 300000);
-    otra.enlace("casa", casa.raiz());
-    const auto s = apoyo::ejecutarVorlano(otra.ruta("casa"), {"--scan"});
-    EXPECT_TRUE(s.salida.starts_with("Carpeta: " + casa.raiz().string() + " (PRUEBA)\n")) << s.salida;
-    EXPECT_NE(s.salida.find("instalador.deb"), std::string::npos) << s.salida;
-    EXPECT_NE(s.salida.find("org.x"), std::string::npos) << s.salida;
-}
-
 // The Spanish catalogue a Linux build embeds rewords the texts that name the
 // Mac; without it, the source texts stand.
 TEST(Escaner, CatalogoDeLinuxNoNombraElMac)
