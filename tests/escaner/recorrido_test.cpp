@@ -50,8 +50,9 @@ TEST(Recorrido, LasCuatroListasYSusCategorias)
                           "p/unity/ProjectSettings", "p/unity/Library/cache", "p/mitad/Assets", "p/mitad/Library",
                           "p/proy\xe9\xff/dist"})
         casa.crearDir(d);
-    for (const char* m : {"p/py1/pyproject.toml", "p/py2/requirements.txt", "p/js/package.json", "p/gradle/build.gradle",
-                          "p/kts/build.gradle.kts", "p/rust/Cargo.toml", "p/proy\xe9\xff/package.json"})
+    for (const char* m : {"p/py1/pyproject.toml", "p/py2/requirements.txt", "p/js/package.json",
+                          "p/gradle/build.gradle", "p/kts/build.gradle.kts", "p/rust/Cargo.toml",
+                          "p/proy\xe9\xff/package.json"})
         casa.archivoCon(m, "");
     for (const char* n : {".next", ".turbo", ".parcel-cache", ".svelte-kit", ".nuxt", "DerivedData"})
         casa.crearDir(std::string("p/web/") + n + "/cache");
@@ -76,7 +77,8 @@ TEST(Recorrido, LasCuatroListasYSusCategorias)
     casa.archivoCon("p/web/__snapshots__/boton.test.js.snap", "// Jest Snapshot v1\n");
     casa.archivo("Downloads/" + raro + ".dmg", 100);
     casa.reservado("Downloads/disco.dmg", suelo + 4096 * 10);
-    for (const char* n : {"Movies/justo.mov", "Movies/.oculto.mov", "Library/enorme.bin", "Foo.app/Contents/Resources/grande.bin"})
+    for (const char* n :
+         {"Movies/justo.mov", "Movies/.oculto.mov", "Library/enorme.bin", "Foo.app/Contents/Resources/grande.bin"})
         casa.reservado(n, suelo);
     casa.reservado("Movies/casi.mov", suelo - 4096);
     casa.disperso("Movies/disperso.img", 10 * suelo);

@@ -65,7 +65,10 @@ TEST_F(Ejecutar, EstadoYSalidaDeCadaPrograma)
     std::vector<std::string> salidas(8);
     std::vector<std::thread> hilos;
     for (size_t i = 0; i < salidas.size(); ++i)
-        hilos.emplace_back([&, i] { salidas[i] = sh("echo " + std::to_string(i)).value_or(plataforma::SalidaPrograma{}).salida; });
+        hilos.emplace_back([&, i] {
+            const auto r = sh("echo " + std::to_string(i));
+            salidas[i] = r ? r->salida : "";
+        });
     for (size_t i = 0; i < salidas.size(); ++i) {
         hilos[i].join();
         EXPECT_EQ(salidas[i], std::to_string(i) + "\n");
