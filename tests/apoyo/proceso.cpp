@@ -164,6 +164,13 @@ std::vector<int> hijosVivos()
     return r;
 }
 
+bool alFin(const std::function<bool()>& f)
+{
+    for (int i = 0; i < 300 && !f(); ++i)
+        ::usleep(20000);
+    return f();
+}
+
 ProgramaEnMarcha::ProgramaEnMarcha(const std::filesystem::path& ejecutable)
 {
     std::filesystem::create_directories(ejecutable.parent_path());

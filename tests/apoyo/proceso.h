@@ -4,6 +4,8 @@
 // Real child processes for tests: the vorlano binary and other programs, with
 // both outputs captured and the exit status.
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <functional>
 #include <map>
@@ -52,6 +54,16 @@ void conPilaPequena(const std::function<void()>& f);
 
 // The children of this process still present (alive or zombie), by pid.
 std::vector<int> hijosVivos();
+
+// Whether f is true, asked until it is or for 6 s: longer than the grace a
+// timed-out program gets before it is killed and reaped.
+bool alFin(const std::function<bool()>& f);
+
+// Tests that leave no child of this process behind, alive or zombie.
+class SinHijos : public ::testing::Test {
+protected:
+    void TearDown() override { EXPECT_TRUE(alFin([] { return hijosVivos().empty(); })); }
+};
 
 // The demo home of scripts/casa-demo.sh in an empty folder; throws if the
 // script fails.

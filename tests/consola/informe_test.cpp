@@ -93,11 +93,15 @@ TEST(Informe, DetalleEnUsoYColumnaDeDiezCaracteres)
     EXPECT_EQ(Consola::columna("1,5 MB\u00a0ñ"), "1,5 MB\u00a0ñ  ");
 }
 
-TEST(Main, FlagsAyudaYVersion)
+// A scan flag beside a cleaning one gives only the report; --help wins over
+// the rest; without a flag the desktop application starts, and with no
+// desktop to reach it says so and ends. The user's language picks the
+// catalogue: English for an English locale, Spanish with the Linux wording
+// for any other, and LANGUAGE before LANG.
+TEST(Main, FlagsEIdiomaDelUsuario)
 {
     CasaPrueba casa;
     casa.archivo("Library/Logs/a.log", 100 * 4096);
-    // A scan flag beside a cleaning one: only the report.
     EXPECT_TRUE(ejecutarVorlano(casa.raiz(), {"--clean-all", "--scan"}).salida.ends_with("por defecto: 410 KB\n"));
     EXPECT_TRUE(std::filesystem::exists(casa.ruta("Library/Logs/a.log")));
     for (const auto& args : {std::vector<std::string>{"--help"}, {"--scan", "--help"}}) {
@@ -106,8 +110,6 @@ TEST(Main, FlagsAyudaYVersion)
         EXPECT_NE(s.salida.find("Uso: vorlano"), std::string::npos);
         EXPECT_NE(s.salida.find("vorlano://"), std::string::npos);
     }
-    // Without a flag the desktop application starts; with no desktop to
-    // reach it says so and ends.
     const std::map<std::string, std::optional<std::string>> sinEscritorio{
         {"DISPLAY", std::nullopt}, {"WAYLAND_DISPLAY", std::nullopt}, {"QT_QPA_PLATFORM", std::nullopt}};
     for (const auto& args : {std::vector<std::string>{}, {"--desconocido"}}) {
@@ -116,31 +118,18 @@ TEST(Main, FlagsAyudaYVersion)
         EXPECT_NE(s.errores.find("--help"), std::string::npos);
     }
     EXPECT_TRUE(ejecutarVorlano(casa.raiz(), {"--version"}).salida.starts_with("vorlano "));
-}
 
-// The user's language picks the catalogue: English for an English locale,
-// Spanish with the Linux wording for any other, and LANGUAGE before LANG.
-TEST(Main, IdiomaDelUsuario)
-{
-    CasaPrueba casa;
-    casa.archivo("Library/Logs/a.log", 100 * 4096);
-    struct Caso {
-        const char* lang;
-        std::optional<std::string> language;
-        const char* informe;
-        const char* ayuda;
-    };
-    const Caso casos[] = {
+    const std::tuple<const char*, std::optional<std::string>, const char*, const char*> casos[] = {
         {"en_US.UTF-8", std::nullopt, "■ Logs — 410 KB [Safe] selected: 410 KB\n", "Usage: vorlano"},
         {"en_GB.UTF-8", std::nullopt, "\nSelected by default: 410 KB\n", "--scan            scan and print"},
         {"es_ES.UTF-8", std::nullopt, "■ Registros (logs) — 410 KB [Seguro] seleccionado: 410 KB\n", "Uso: vorlano"},
         {"fr_FR.UTF-8", std::nullopt, "\nSeleccionado por defecto: 410 KB\n", "Uso: vorlano"},
         {"es_ES.UTF-8", "en_US:es", "\nSelected by default: 410 KB\n", "Usage: vorlano"},
     };
-    for (const Caso& c : casos) {
-        const std::map<std::string, std::optional<std::string>> entorno{{"LANG", c.lang}, {"LANGUAGE", c.language}};
-        const auto informe = ejecutarVorlano(casa.raiz(), {"--scan"}, entorno).salida;
-        EXPECT_NE(informe.find(c.informe), std::string::npos) << c.lang << "\n" << informe;
-        EXPECT_NE(ejecutarVorlano(casa.raiz(), {"--help"}, entorno).salida.find(c.ayuda), std::string::npos) << c.lang;
+    for (const auto& [lang, language, informe, ayuda] : casos) {
+        const std::map<std::string, std::optional<std::string>> entorno{{"LANG", lang}, {"LANGUAGE", language}};
+        const auto s = ejecutarVorlano(casa.raiz(), {"--scan"}, entorno).salida;
+        EXPECT_NE(s.find(informe), std::string::npos) << lang << "\n" << s;
+        EXPECT_NE(ejecutarVorlano(casa.raiz(), {"--help"}, entorno).salida.find(ayuda), std::string::npos) << lang;
     }
 }

@@ -48,7 +48,8 @@ bool bajo(const std::string& clave, const std::string& prefijo)
     return clave == prefijo || clave.starts_with(prefijo + "/");
 }
 
-// Runs one cleaning flag and checks the whole outcome against the scan.
+// Runs one cleaning flag, first outside test mode, where it must refuse, then
+// in it, and checks the whole outcome against the scan.
 void comprobarLimpieza(const std::string& flag)
 {
     Escenario e;
@@ -64,7 +65,16 @@ void comprobarLimpieza(const std::string& flag)
     const auto homeAntes = apoyo::huellas(std::getenv("HOME"));
     const auto papeleraAntes = apoyo::papelera(raiz / ".local/share");
 
-    const auto s = apoyo::ejecutarVorlano(raiz, {flag}, {{"VORLANO_GRANDE_MB", grandeMB}});
+    // Without VORLANO_HOME the home is HOME, here the same scratch home: the
+    // report, then the refusal, and nothing touched.
+    auto s = apoyo::ejecutarVorlano(raiz, {flag}, {{"VORLANO_HOME", std::nullopt}, {"HOME", raiz.string()}});
+    EXPECT_EQ(s.estado, 0);
+    EXPECT_NE(s.salida.find("\n■ "), std::string::npos);
+    EXPECT_TRUE(s.salida.ends_with("\n\nLimpiar desde la terminal solo funciona con VORLANO_HOME (carpeta de prueba). "
+                                   "Usa la app para limpiar.\n"));
+    ASSERT_EQ(apoyo::huellas(raiz), antes);
+
+    s = apoyo::ejecutarVorlano(raiz, {flag}, {{"VORLANO_GRANDE_MB", grandeMB}});
     ASSERT_EQ(s.estado, 0);
 
     // What must have gone, and what the Trash must now hold.
@@ -137,24 +147,6 @@ TEST(Limpieza, CleanAllQuitaExactamenteLoSeleccionado)
 TEST(Limpieza, CleanDefaultsQuitaSoloLoPreseleccionado)
 {
     comprobarLimpieza("--clean-defaults");
-}
-
-TEST(Limpieza, SinModoPruebaNingunFlagBorraNada)
-{
-    // Without VORLANO_HOME the home is HOME: here a scratch demo home.
-    Escenario e;
-    const auto antes = apoyo::huellas(e.casa.raiz());
-    for (const char* flag : {"--clean-all", "--clean-defaults"}) {
-        const auto s = apoyo::ejecutarVorlano(e.casa.raiz(), {flag},
-                                              {{"VORLANO_HOME", std::nullopt}, {"HOME", e.casa.raiz().string()}});
-        EXPECT_EQ(s.estado, 0);
-        // The report, then the refusal.
-        EXPECT_NE(s.salida.find("\n■ "), std::string::npos) << flag;
-        EXPECT_TRUE(s.salida.ends_with("\n\nLimpiar desde la terminal solo funciona con VORLANO_HOME (carpeta de "
-                                       "prueba). Usa la app para limpiar.\n"))
-            << flag;
-    }
-    EXPECT_EQ(apoyo::huellas(e.casa.raiz()), antes);
 }
 
 TEST(Limpieza, ErroresEnLaSalida)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "escaner/apps_abiertas.h"
+#include "comun.h"
 
-#include "apoyo/casa.h"
 #include "apoyo/proceso.h"
 #include "plataforma/apps.h"
 
@@ -39,8 +38,9 @@ TEST(AppsAbiertas, QuienUsa)
 
 // Running programs are known by the .app bundle they run from or by a
 // visible desktop entry; this program's own bundle and hidden entries never
-// count.
-TEST(AppsAbiertas, ProgramasEnMarcha)
+// count. The caches they own are shown in use and unselected: Mozilla's
+// folder by the owners the scan knows for it, an Electron app's by its name.
+TEST(AppsAbiertas, ProgramasEnMarchaYSusCaches)
 {
     apoyo::CasaPrueba casa;
     casa.archivoCon("Applications/Editor.app/Contents/Info.plist",
@@ -50,14 +50,20 @@ TEST(AppsAbiertas, ProgramasEnMarcha)
                     std::string("<plist version=\"1.0\"><dict><key>CFBundleIdentifier</key><string>") +
                         plataforma::identificadorPropio + "</string></dict></plist>");
     apoyo::Variable datos("XDG_DATA_HOME", casa.ruta("datos").string());
-    casa.archivoCon("datos/applications/org/ejemplo.Visor.desktop",
-                    "[Desktop Entry]\nType=Application\nName=Visor de Fotos\nExec=\"" + casa.ruta("bin/visor").string() +
-                        "\" %U\n");
-    casa.archivoCon("datos/applications/oculto.desktop", "[Desktop Entry]\nType=Application\nName=Oculto\n"
-                                                         "NoDisplay=true\nExec=" + casa.ruta("bin/oculto").string() + "\n");
+    const auto bin = [&](const char* nombre) { return casa.ruta(std::string("bin/") + nombre).string(); };
+    const auto entrada = [&](const char* archivo, const char* nombre, const std::string& exec) {
+        casa.archivoCon(std::string("datos/applications/") + archivo,
+                        std::string("[Desktop Entry]\nType=Application\nName=") + nombre + "\nExec=" + exec + "\n");
+    };
+    entrada("org/ejemplo.Visor.desktop", "Visor de Fotos", "\"" + bin("visor") + "\" %U");
+    entrada("oculto.desktop", "Oculto\nNoDisplay=true", bin("oculto"));
+    entrada("firefox-esr.desktop", "Firefox ESR", bin("firefox-esr"));
+    entrada("discord.desktop", "Discord", bin("discord"));
+    for (const char* c : {".cache/mozilla/firefox/x.default/cache2/d", ".cache/otra/d", ".config/discord/GPUCache/d"})
+        casa.archivo(c, 100000);
     Programa editor(casa.ruta("Applications/Editor.app/Contents/MacOS/editor"));
     Programa propio(casa.ruta("Applications/Vorlano.app/Contents/MacOS/vorlano"));
-    Programa visor(casa.ruta("bin/visor")), oculto(casa.ruta("bin/oculto"));
+    Programa visor(bin("visor")), oculto(bin("oculto")), firefox(bin("firefox-esr")), discord(bin("discord"));
 
     std::map<std::string, std::string> vistas;
     for (const auto& app : AppsAbiertas::actuales().apps)
@@ -67,6 +73,14 @@ TEST(AppsAbiertas, ProgramasEnMarcha)
     EXPECT_FALSE(vistas.contains("app.vorlano.vorlano"));
     for (const auto& [bundle, nombre] : vistas)
         EXPECT_NE(nombre, "Oculto");
+
+    std::map<std::string, std::pair<std::optional<std::string>, bool>> usos;
+    for (const Categoria& c : prueba::escanear(casa.entorno()))
+        for (const Elemento& e : c.elementos)
+            usos[e.nombre] = {e.enUso, e.seleccionado};
+    EXPECT_EQ(usos["mozilla"], std::pair(std::optional<std::string>("Firefox ESR"), false));
+    EXPECT_EQ(usos["discord"], std::pair(std::optional<std::string>("Discord"), false));
+    EXPECT_EQ(usos["otra"], std::pair(std::optional<std::string>(), true));
 }
 
 // Inside Flatpak's and Snap's sandboxes a program's executable is the

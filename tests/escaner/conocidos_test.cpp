@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A whole scan of a home holding every place known by name.
-#include "escaner/escaner.h"
-
-#include "apoyo/casa.h"
-#include "estado_editor.h"
+#include "comun.h"
 
 #include <gtest/gtest.h>
 
-using apoyo::CasaPrueba;
+using namespace prueba;
 using namespace std::chrono_literals;
 
 namespace {
@@ -23,12 +20,6 @@ std::vector<Visto> vistos(const Categoria& c)
     for (const auto& e : c.elementos)
         r.emplace_back(e.nombre, e.detalle.value_or(""), e.seleccionado);
     return r;
-}
-
-// Where a row's place lies in a scratch home, relative to it.
-std::string lugar(const Regla& r)
-{
-    return r.base ? std::string(plataforma::basePorDefecto(*r.base)) + "/" + r.ruta : r.ruta;
 }
 
 std::vector<Visto> deReglas(const std::vector<Regla>& tabla, bool seleccionado)
@@ -80,9 +71,8 @@ TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
     casa.crearDir("proyectos/vivo-viejo");
     casa.crearDir("proyectos/vivo-nuevo");
     const auto p = casa.ruta("proyectos");
-    using apoyo::carpetaJson;
     const auto estado = [&](const char* editor, const char* id, const std::string& json, Fecha f, int64_t k) {
-        apoyo::estadoDeEditor(casa, editor, id, json, f, k * kib);
+        estadoDeEditor(casa, editor, id, json, f, k * kib);
     };
     estado("Code", "ido1", carpetaJson(p / "borrado"), nuevo, 200);
     estado("Code", "ido2", carpetaJson(p / "movido/a/otro"), viejo, 200); // gone wins over old
@@ -106,7 +96,7 @@ TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
     casa.archivo("Downloads/nuevo.zip", 400 * kib, 'z');
     casa.archivo("Downloads/carpeta/dentro.bin", 400 * kib, 'd');
 
-    const auto cats = Escaner(casa.entorno()).escanear([](const std::string&) {});
+    const auto cats = escanear(casa.entorno());
     ASSERT_EQ(cats.size(), 3u);
     EXPECT_EQ(cats[0].id + cats[1].id + cats[2].id, "appsdevredescarga");
 

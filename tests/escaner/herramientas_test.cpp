@@ -2,19 +2,15 @@
 // The simulator and Docker finders against small programs that stand in for
 // simctl, xcode-select and docker: they print a chosen answer, exit with a
 // chosen status, hang, or flood their output.
-#include "escaner/escaner.h"
+#include "comun.h"
 
-#include "apoyo/casa.h"
 #include "apoyo/proceso.h"
 
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
 
-#include <thread>
-
-using apoyo::CasaPrueba;
-using namespace std::chrono_literals;
+using namespace prueba;
 
 namespace {
 
@@ -36,32 +32,26 @@ std::string programa(CasaPrueba& casa, const std::string& nombre, const std::str
                      "'\nexit " + std::to_string(codigo));
 }
 
-// No test leaves a child behind; a timed-out one gets its grace to be reaped.
-class Herramientas : public ::testing::Test {
-protected:
-    void TearDown() override
-    {
-        const auto hasta = std::chrono::steady_clock::now() + 6s;
-        while (!apoyo::hijosVivos().empty() && std::chrono::steady_clock::now() < hasta)
-            std::this_thread::sleep_for(50ms);
-        EXPECT_TRUE(apoyo::hijosVivos().empty());
-    }
-};
+// A program that fails, one that prints `salida` and hangs, and none at all.
+std::vector<std::string> malos(CasaPrueba& casa, const std::string& salida)
+{
+    return {programa(casa, "falla", salida, 1), guion(casa, "cuelga", "echo '" + salida + "'; sleep 30"),
+            casa.ruta("no-existe").string()};
+}
+
+class Herramientas : public apoyo::SinHijos {};
 
 } // namespace
 
 TEST(BytesDeDocker, UnidadesDecimalesYTextosRaros)
 {
-    const struct {
-        const char* texto;
-        int64_t bytes;
-    } casos[] = {
+    const std::pair<const char*, int64_t> casos[] = {
         {"512kB", 512'000}, {"1.5GB (10%)", 1'500'000'000}, {"  4MB  (1%)", 4'000'000}, {"1.999B", 1},
         {"12", 0},          {"", 0},                        {"1.5gb", 0},               {"1.5.3GB", 0},
         {"infGB", 0},       {"9000000TB", 9'000'000'000'000'000'000}, {"9300000TB", 0}, {"1e300GB", 0},
     };
-    for (const auto& c : casos)
-        EXPECT_EQ(Escaner::bytesDeDocker(c.texto), c.bytes) << '"' << c.texto << '"';
+    for (const auto& [texto, bytes] : casos)
+        EXPECT_EQ(Escaner::bytesDeDocker(texto), bytes) << '"' << texto << '"';
 }
 
 TEST_F(Herramientas, Docker)
@@ -85,7 +75,6 @@ TEST_F(Herramientas, Docker)
     EXPECT_EQ(r[0].accion->ejecutable, docker);
     EXPECT_EQ(r[0].accion->argumentos, (std::vector<std::string>{"system", "prune", "-af"}));
     EXPECT_EQ(r[0].accion->medir, std::nullopt);
-
     // With Colima, its virtual disks measure what the command freed.
     casa.crearDir(".colima/_lima/_disks");
     r = esc.dockerCon(docker);
@@ -93,22 +82,21 @@ TEST_F(Herramientas, Docker)
     EXPECT_EQ(r[0].accion->medir, casa.ruta(".colima/_lima/_disks"));
 
     // Nothing from zeros, a failure, a hang or no program at all.
-    const std::string linea = "{\"Type\":\"Images\",\"Reclaimable\":\"1GB\"}\n";
+    const std::string linea = "{\"Type\":\"Images\",\"Reclaimable\":\"1GB\"}";
     EXPECT_TRUE(esc.dockerCon(programa(casa, "ceros", "{\"Reclaimable\":\"0B (0%)\"}\n{\"Reclaimable\":\"0B\"}")).empty());
-    EXPECT_TRUE(esc.dockerCon(programa(casa, "falla", linea, 1)).empty());
-    EXPECT_TRUE(esc.dockerCon(guion(casa, "cuelga", "echo '" + linea + "'; sleep 30"), 1).empty());
-    EXPECT_TRUE(esc.dockerCon(casa.ruta("no-existe").string()).empty());
-
-    // Megabytes of noise before a good line don't hide it.
-    r = esc.dockerCon(guion(casa, "ruido", "head -c 8000000 /dev/zero | tr '\\0' x; echo; echo '" + linea + "'"));
-    ASSERT_EQ(r.size(), 1u);
-    EXPECT_EQ(r[0].tamano, 1'000'000'000);
-
-    // A figure that would take the total past 64 bits counts for nothing.
-    const auto grande = esc.dockerCon(
-        programa(casa, "grande", "{\"Reclaimable\":\"9000000TB\"}\n{\"Reclaimable\":\"9000000TB\"}"));
-    ASSERT_EQ(grande.size(), 1u);
-    EXPECT_EQ(grande[0].tamano, 9'000'000'000'000'000'000);
+    for (const std::string& p : malos(casa, linea))
+        EXPECT_TRUE(esc.dockerCon(p, 1).empty()) << p;
+    // Megabytes of noise before a good line don't hide it, and a figure that
+    // would take the total past 64 bits counts for nothing.
+    const std::pair<std::string, int64_t> casos[] = {
+        {guion(casa, "ruido", "head -c 8000000 /dev/zero | tr '\\0' x; echo; echo '" + linea + "'"), 1'000'000'000},
+        {programa(casa, "grande", "{\"Reclaimable\":\"9000000TB\"}\n{\"Reclaimable\":\"9000000TB\"}"),
+         9'000'000'000'000'000'000}};
+    for (const auto& [p, bytes] : casos) {
+        r = esc.dockerCon(p);
+        ASSERT_EQ(r.size(), 1u) << p;
+        EXPECT_EQ(r[0].tamano, bytes);
+    }
 }
 
 TEST_F(Herramientas, Simuladores)
@@ -132,7 +120,7 @@ TEST_F(Herramientas, Simuladores)
     const Escaner esc(casa.entorno());
     // Without the devices folder simctl isn't even asked.
     EXPECT_TRUE(esc.simuladoresCon(simctl).empty());
-    EXPECT_FALSE(std::filesystem::exists(casa.ruta("simctl.args")));
+    EXPECT_FALSE(fs::exists(casa.ruta("simctl.args")));
 
     casa.crearDir("Library/Developer/CoreSimulator/Devices");
     const auto r = esc.simuladoresCon(simctl);
@@ -154,13 +142,12 @@ TEST_F(Herramientas, Simuladores)
     const std::string bueno = "[{\"udid\":\"A1\",\"name\":\"iPhone\",\"dataPath\":\"" + sim + "/A1\"}]";
     const std::string json = "{\"devices\":{\"iOS-17\":" + bueno + "}}";
     ASSERT_EQ(esc.simuladoresCon(programa(casa, "bueno", json)).size(), 1u);
-    int n = 0;
+    std::vector<std::string> programas = malos(casa, json);
     for (const std::string& salida : {std::string("basura"), "[" + json + "]", std::string("{\"devices\":[]}"),
                                       "{\"devices\":{\"iOS-17\":" + bueno + ",\"iOS-16\":[1]}}"})
-        EXPECT_TRUE(esc.simuladoresCon(programa(casa, "raro" + std::to_string(n++), salida)).empty()) << salida;
-    EXPECT_TRUE(esc.simuladoresCon(programa(casa, "falla", json, 1)).empty());
-    EXPECT_TRUE(esc.simuladoresCon(guion(casa, "cuelga", "echo '" + json + "'; sleep 30"), 1).empty());
-    EXPECT_TRUE(esc.simuladoresCon(casa.ruta("no-existe").string()).empty());
+        programas.push_back(programa(casa, "raro" + std::to_string(programas.size()), salida));
+    for (const std::string& p : programas)
+        EXPECT_TRUE(esc.simuladoresCon(p, 1).empty()) << p;
 }
 
 TEST_F(Herramientas, SimctlJuntoALaCarpetaDeXcode)

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The scan of a Linux-shaped home: the demo's cache and config homes, Flatpak
 // and Snap caches, and user folders under their Spanish names.
-#include "escaner/escaner.h"
+#include "comun.h"
 
-#include "apoyo/casa.h"
 #include "apoyo/proceso.h"
 
 #include <gtest/gtest.h>
@@ -79,27 +78,4 @@ TEST(CasaLinux, CadaLugarEnSuCategoriaConSuTamano)
         enDescargas.insert("Descargas/" + e.path().filename().string());
     EXPECT_EQ(nombres, enDescargas);
     EXPECT_GE(nombres.size(), 4u);
-}
-
-// While a program runs, the caches it owns are shown in use and unselected:
-// Mozilla's folder by the owners the scan knows for it, an Electron app's by
-// its name.
-TEST(CasaLinux, CachesDeProgramasAbiertosNoSeSeleccionan)
-{
-    apoyo::CasaPrueba casa;
-    apoyo::Variable datos("XDG_DATA_HOME", casa.ruta("sistema").string());
-    for (const auto& [id, nombre] : {std::pair{"firefox-esr", "Firefox ESR"}, {"discord", "Discord"}})
-        casa.archivoCon(std::string("sistema/applications/") + id + ".desktop",
-                        std::string("[Desktop Entry]\nType=Application\nName=") + nombre + "\nExec=" +
-                            casa.ruta(std::string("bin/") + id).string() + "\n");
-    for (const char* c : {".cache/mozilla/firefox/x.default/cache2/d", ".cache/otra/d", ".config/discord/GPUCache/d"})
-        casa.archivo(c, 100000);
-    const apoyo::ProgramaEnMarcha firefox(casa.ruta("bin/firefox-esr")), discord(casa.ruta("bin/discord"));
-    std::map<std::string, std::pair<std::optional<std::string>, bool>> vistos;
-    for (const Categoria& c : Escaner(casa.entorno()).escanear([](const std::string&) {}))
-        for (const Elemento& e : c.elementos)
-            vistos[e.nombre] = {e.enUso, e.seleccionado};
-    EXPECT_EQ(vistos["mozilla"], std::pair(std::optional<std::string>("Firefox ESR"), false));
-    EXPECT_EQ(vistos["discord"], std::pair(std::optional<std::string>("Discord"), false));
-    EXPECT_EQ(vistos["otra"], std::pair(std::optional<std::string>(), true));
 }

@@ -1,25 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "escaner/escaner.h"
+#include "comun.h"
 
-#include "apoyo/casa.h"
 #include "limpieza/limpiador.h"
-#include "nucleo/textos.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
 
-using apoyo::CasaPrueba;
-
-namespace {
-
-// Where a row's place lies in a scratch home, relative to it.
-std::string lugar(const Regla& r)
-{
-    return r.base ? std::string(plataforma::basePorDefecto(*r.base)) + "/" + r.ruta : r.ruta;
-}
-
-} // namespace
+using namespace prueba;
 
 // Every place the scan knows, by name or by shape, made in one home beside
 // every protected root: each row of each table is written plainly, claims
@@ -56,7 +44,7 @@ TEST(Reglas, NadaDeLoQueDanPasaUnaRaizProtegida)
     const auto bajo = [](const std::string& a, const std::string& b) {
         return a == b || (a.starts_with(b) && a[b.size()] == '/');
     };
-    for (const Categoria& c : Escaner(casa.entorno()).escanear([](const std::string&) {}))
+    for (const Categoria& c : escanear(casa.entorno()))
         for (const Elemento& e : c.elementos) {
             const std::string r = e.url.lexically_relative(casa.raiz()).string();
             if (auto it = esperadas.find(r); it != esperadas.end()) {

@@ -4,23 +4,18 @@
 // cleaner or the uninstaller into the canary.
 #include "limpieza/comun.h"
 
-#include "apoyo/proceso.h"
 #include "desinstalador/desinstalador.h"
 #include "plataforma/borrado.h"
 #include "plataforma/papelera.h"
 
-#include <unistd.h>
-
-#include <atomic>
 #include <chrono>
-#include <thread>
 
 using namespace prueba;
 
 namespace {
 
-// Holds the thread a few microseconds without giving up the processor, so
-// that the other thread can act in the window.
+// Holds the process a few microseconds without giving up the processor, so
+// that the other one can act in the window.
 void esperar(int microsegundos)
 {
     const auto hasta = std::chrono::steady_clock::now() + std::chrono::microseconds(microsegundos);
@@ -28,137 +23,76 @@ void esperar(int microsegundos)
     }
 }
 
-struct Carrera {
-    // Makes the round's tree; the rival is stopped and has put everything back.
-    std::function<void(CasaPrueba&)> preparar;
-    // Folders (relative to the home) the rival swaps for links to the canary.
-    std::vector<std::string> cambiadas;
-    // The removal under test.
-    std::function<void(CasaPrueba&)> actuar;
-    int vueltas;
-};
-
-void correr(const Carrera& c)
-{
-    // The canary shares the home's mount, so that only the refusal to follow
-    // links keeps the removal out of it.
-    Fuera canario(true);
-    CasaPrueba casa(true);
-    // The Trash of this home, emptied after each round.
-    apoyo::Variable datos("XDG_DATA_HOME", casa.ruta(".local/share").string());
-    // Each round: corre, then pausa until the rival answers pausado, having
-    // put everything back.
-    enum { corre, pausa, pausado, fin };
-    std::atomic<int> estado{pausa};
-    std::atomic<size_t> cambios{0};
-    std::thread rival([&] {
-        for (size_t i = 0;; ++i, ++cambios) {
-            const int e = estado.load();
-            if (e == fin)
-                return;
-            if (e == pausa)
-                estado = pausado;
-            if (e != corre) {
-                std::this_thread::yield();
-                continue;
-            }
-            const fs::path quien = casa.ruta(c.cambiadas[i % c.cambiadas.size()]);
-            const fs::path real = quien.parent_path() / ("." + quien.filename().string() + "-real");
-            if (::rename(quien.c_str(), real.c_str()) == 0) {
-                ::symlink(canario.raiz.c_str(), quien.c_str());
-                // Links that last from 1 to 40 microseconds, so that the
-                // rival doesn't keep step with the removal.
-                esperar(1 + int(i * 7919 % 40));
-                ::unlink(quien.c_str());
-                ::rename(real.c_str(), quien.c_str());
-            }
-        }
-    });
-    for (int vuelta = 0; vuelta < c.vueltas && !::testing::Test::HasFailure(); ++vuelta) {
-        c.preparar(casa);
-        // Under way before the removal starts.
-        const size_t antes = cambios;
-        estado = corre;
-        while (cambios < antes + 2)
-            std::this_thread::yield();
-        c.actuar(casa);
-        estado = pausa;
-        while (estado != pausado)
-            std::this_thread::yield();
-        EXPECT_TRUE(canario.intacto()) << "vuelta " << vuelta;
-        for (const std::string& r : c.cambiadas)
-            EXPECT_FALSE(fs::is_symlink(casa.ruta(r))) << "vuelta " << vuelta;
-        plataforma::vaciarPapelera();
-    }
-    estado = fin;
-    rival.join();
-}
-
 } // namespace
 
-TEST(Carrera, VaciarEnSitio)
+// The rival swaps each of two folders in turn for a link to the canary, for
+// 1 to 40 microseconds so that it doesn't keep step with the removal, whose
+// windows (between listing an entry and removing it, between the checks and
+// the move) are widened by 20.
+TEST(Carrera, CambiosAlAzar)
 {
-    // Widens the window between listing an entry and removing it.
+    const auto vaciar = [](CasaPrueba& casa) {
+        std::vector<std::string> errores;
+        Limpiador(casa.entorno()).vaciar(casa.ruta("Library/Caches/app"), "app", errores);
+    };
+    // The item is named as a folder of the canary, so that a move that
+    // follows a link on the way takes the canary's own.
+    const auto mover = [](CasaPrueba& casa) {
+        limpiar(casa.entorno(), {categoria(Modo::papelera, {elemento(casa.ruta("Projects/web/sub"), "sub")})});
+    };
+    const auto desinstalar = [](CasaPrueba& casa) {
+        casa.crearDir("Applications/Editor.app/Contents");
+        const AppInstalada app{.url = casa.ruta("Applications/Editor.app"), .nombre = "Editor"};
+        Desinstalador(casa.entorno())
+            .desinstalar(app, {elemento(casa.ruta("Library/Application Support/Editor/sub"), "sub")});
+    };
+    // Each round makes a tree in the second folder swapped, the item or inside it.
+    const struct {
+        std::array<const char*, 2> cambiadas;
+        std::function<void(CasaPrueba&)> actuar;
+    } casos[] = {
+        {{"Library/Caches/app", "Library/Caches/app/sub"}, vaciar},
+        {{"Projects/web", "Projects/web/sub"}, mover},
+        {{"Library/Application Support/Editor", "Library/Application Support/Editor/sub"}, desinstalar},
+    };
     plataforma::pruebas::pausaTrasListar = [](const char*) { esperar(20); };
-    correr({.preparar =
-                [](CasaPrueba& casa) {
-                    for (int i = 0; i < 20; ++i)
-                        casa.archivoCon("Library/Caches/app/sub/f" + std::to_string(i), "f");
-                    casa.archivoCon("Library/Caches/app/sub/hondo/c", "c");
-                    casa.archivoCon("Library/Caches/app/e", "e");
-                },
-            .cambiadas = {"Library/Caches/app", "Library/Caches/app/sub"},
-            .actuar =
-                [](CasaPrueba& casa) {
-                    std::vector<std::string> errores;
-                    Limpiador(casa.entorno()).vaciar(casa.ruta("Library/Caches/app"), "app", errores);
-                },
-            .vueltas = 1000});
+    plataforma::pruebas::pausaAntesDeMover = [] { esperar(20); };
+    for (const auto& c : casos) {
+        // The canary shares the home's mount, so that only the refusal to
+        // follow links keeps the removal out of it.
+        Fuera canario(true);
+        CasaPrueba casa(true);
+        apoyo::Variable datos("XDG_DATA_HOME", casa.ruta(".local/share").string());
+        std::string cambiada[2], real[2];
+        for (int i = 0; i < 2; ++i) {
+            cambiada[i] = casa.ruta(c.cambiadas[i]);
+            real[i] = fs::path(cambiada[i]).parent_path() / ("." + fs::path(cambiada[i]).filename().string() + "-real");
+        }
+        Rival rival([&](long i) {
+            if (::rename(cambiada[i % 2].c_str(), real[i % 2].c_str()) == 0) {
+                ::symlink(canario.raiz.c_str(), cambiada[i % 2].c_str());
+                esperar(1 + int(i * 7919 % 40));
+                ::unlink(cambiada[i % 2].c_str());
+                ::rename(real[i % 2].c_str(), cambiada[i % 2].c_str());
+            }
+        });
+        // Until the first round that fails, which says which case it was.
+        for (int vuelta = 0, bien = true; vuelta < 1000 && bien; ++vuelta) {
+            for (int i = 0; i < 20; ++i)
+                casa.archivoCon(std::string(c.cambiadas[1]) + "/f" + std::to_string(i), "f");
+            casa.archivoCon(std::string(c.cambiadas[1]) + "/hondo/h", "h");
+            rival.durante([&] { c.actuar(casa); });
+            bien = canario.intacto() && !fs::is_symlink(cambiada[0]) && !fs::is_symlink(cambiada[1]);
+            EXPECT_TRUE(bien) << c.cambiadas[1] << ", vuelta " << vuelta;
+            plataforma::vaciarPapelera();
+        }
+    }
     plataforma::pruebas::pausaTrasListar = nullptr;
-}
-
-// The item is named as a folder of the canary, so that a move that follows a
-// link on the way takes the canary's own.
-TEST(Carrera, MoverALaPapelera)
-{
-    // Widens the window between the checks and the move.
-    plataforma::pruebas::pausaAntesDeMover = [] { esperar(20); };
-    correr({.preparar = [](CasaPrueba& casa) { casa.archivoCon("Projects/web/sub/hondo", "h"); },
-            .cambiadas = {"Projects/web", "Projects/web/sub"},
-            .actuar =
-                [](CasaPrueba& casa) {
-                    limpiar(casa.entorno(),
-                            {categoria(Modo::papelera, {elemento(casa.ruta("Projects/web/sub"), "sub")})});
-                },
-            .vueltas = 1000});
     plataforma::pruebas::pausaAntesDeMover = nullptr;
 }
 
-TEST(Carrera, RestosDeUnaAppDesinstalada)
-{
-    plataforma::pruebas::pausaAntesDeMover = [] { esperar(20); };
-    correr({.preparar =
-                [](CasaPrueba& casa) {
-                    casa.crearDir("Applications/Editor.app/Contents");
-                    casa.archivoCon("Library/Application Support/Editor/sub/hondo", "h");
-                },
-            .cambiadas = {"Library/Application Support/Editor", "Library/Application Support/Editor/sub"},
-            .actuar =
-                [](CasaPrueba& casa) {
-                    const AppInstalada app{.url = casa.ruta("Applications/Editor.app"), .nombre = "Editor"};
-                    const Elemento resto{.url = casa.ruta("Library/Application Support/Editor/sub"),
-                                         .nombre = "sub",
-                                         .seleccionado = true};
-                    Desinstalador(casa.entorno()).desinstalar(app, {resto});
-                },
-            .vueltas = 1000});
-    plataforma::pruebas::pausaAntesDeMover = nullptr;
-}
-
-// The same swap made exactly in the windows the code has, between listing a
-// child and removing it, and between the checks and the move into the Trash:
-// where the rounds above may need hundreds of tries to hit one, these hit it
-// every time.
+// The same swap made exactly in those windows: where the rounds above may
+// need hundreds of tries to hit one, these hit it every time.
 TEST(Carrera, CambioEnCadaVentana)
 {
     Fuera canario(true);
@@ -181,21 +115,17 @@ TEST(Carrera, CambioEnCadaVentana)
     };
     plataforma::pruebas::pausaAntesDeMover = [] { cambio(); };
     // The canary has a sub/ of its own for a removal that follows the link.
-    const struct {
-        Modo modo;
-        const char* item;
-        const char* cambiada;
-    } casos[] = {
+    const std::tuple<Modo, const char*, const char*> casos[] = {
         {Modo::borrar, "Library/Caches/app", "Library/Caches/app/sub"},
         {Modo::papelera, "Library/Caches/app/sub", "Library/Caches/app"},
         {Modo::papelera, "Library/Caches/app/sub", "Library/Caches/app/sub"},
     };
-    for (const auto& c : casos) {
+    for (const auto& [modo, item, cambiada] : casos) {
         casa.archivoCon("Library/Caches/app/sub/hondo", "h");
-        cambiar = casa.ruta(c.cambiada);
-        limpiar(casa.entorno(), {categoria(c.modo, {elemento(casa.ruta(c.item), "e")})});
-        EXPECT_TRUE(cambiar.empty()) << c.cambiada << ": no hubo cambio";
-        EXPECT_TRUE(canario.intacto()) << c.cambiada;
+        cambiar = casa.ruta(cambiada);
+        limpiar(casa.entorno(), {categoria(modo, {elemento(casa.ruta(item), "e")})});
+        EXPECT_TRUE(cambiar.empty()) << cambiada << ": no hubo cambio";
+        EXPECT_TRUE(canario.intacto()) << cambiada;
         apoyo::borrarArbol(casa.ruta("Library/Caches"));
         plataforma::vaciarPapelera();
     }

@@ -7,16 +7,6 @@
 #include "desinstalador/desinstalador.h"
 #include "plataforma/papelera.h"
 
-#include <sched.h>
-#include <sys/mman.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <atomic>
-#include <csignal>
-#include <new>
-
 using namespace prueba;
 
 namespace {
@@ -92,56 +82,18 @@ TEST(Montajes, MontajesQueVanYVienen)
     CasaPrueba casa(true);
     Fuera fuera(true);
     apoyo::Variable datos("XDG_DATA_HOME", casa.ruta(".local/share").string());
-    // Shared with the rival: corre, pausa (asked), pausado (nothing mounted),
-    // fin; and how many mounts it has made and taken away.
-    enum : int { corre, pausa, pausado, fin };
-    struct Compartido {
-        std::atomic<int> estado{pausa};
-        std::atomic<long> cambios{0};
-    };
-    void* memoria = ::mmap(nullptr, sizeof(Compartido), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    ASSERT_NE(memoria, MAP_FAILED);
-    auto* compartido = new (memoria) Compartido;
-    auto* estado = &compartido->estado;
-    auto* cambios = &compartido->cambios;
     const fs::path sitios[] = {casa.ruta("Library/Caches/app"), casa.ruta("Library/Caches/app/sub")};
     conMontajes([&] {
-        const pid_t rival = ::fork();
-        if (rival == 0) {
-            ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-            for (int i = 0;; ++i) {
-                const int e = estado->load();
-                if (e == fin)
-                    ::_exit(0);
-                if (e == pausa)
-                    estado->store(pausado);
-                if (e != corre) {
-                    ::sched_yield();
-                    continue;
-                }
-                const fs::path& donde = sitios[i % 2];
-                if (::mount(fuera.raiz.c_str(), donde.c_str(), nullptr, MS_BIND, nullptr) == 0)
-                    ::umount2(donde.c_str(), MNT_DETACH);
-                ++*cambios;
-            }
-        }
+        Rival rival([&](long i) {
+            if (::mount(fuera.raiz.c_str(), sitios[i % 2].c_str(), nullptr, MS_BIND, nullptr) == 0)
+                ::umount2(sitios[i % 2].c_str(), MNT_DETACH);
+        });
         for (const Retirada como : {Retirada::borrar, Retirada::papelera, Retirada::desinstalar})
             for (int vuelta = 0; vuelta < 1000 && !::testing::Test::HasFailure(); ++vuelta) {
                 casa.archivoCon("Library/Caches/app/sub/victima/dato", "propio");
-                // Under way before the removal starts.
-                const long antes = cambios->load();
-                estado->store(corre);
-                while (cambios->load() < antes + 2)
-                    ::sched_yield();
-                retirar(como, casa, casa.ruta("Library/Caches/app/sub"));
-                estado->store(pausa);
-                while (estado->load() != pausado)
-                    ::sched_yield();
+                rival.durante([&] { retirar(como, casa, casa.ruta("Library/Caches/app/sub")); });
                 EXPECT_TRUE(fuera.intacto()) << int(como) << " vuelta " << vuelta;
                 plataforma::vaciarPapelera();
             }
-        estado->store(fin);
-        ::waitpid(rival, nullptr, 0);
     });
-    ::munmap(memoria, sizeof(Compartido));
 }

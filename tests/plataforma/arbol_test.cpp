@@ -149,23 +149,23 @@ TEST(Arbol, PararEnCualquierEntradaYPodar)
     }
 }
 
-TEST(Arbol, Raices)
+// A root given with slashes at its end, a file, a link, a missing path and
+// "/" itself; a folder that can't be opened, the root included, ends as
+// ilegible right after it is reported, and the walk goes on beside it.
+TEST(Arbol, RaicesYCarpetasIlegibles)
 {
     CasaPrueba casa;
     casa.archivo("d/f", 1);
     casa.enlace("enlace", casa.ruta("d"));
     const std::string d = casa.ruta("d");
-    struct Caso {
-        fs::path raiz;
-        std::vector<std::string> reportes;
-    } casos[] = {
+    const std::pair<fs::path, std::vector<std::string>> casos[] = {
         {fs::path(d + "//"), {"d 0 " + d, "f 1 " + d + "/f", "fin 0 " + d}},
         {casa.ruta("d/f"), {"f 0 " + d + "/f"}},
         {casa.ruta("enlace"), {"l 0 " + casa.ruta("enlace").string()}},
         {casa.ruta("no-existe"), {}},
     };
-    for (const Caso& c : casos)
-        EXPECT_EQ(recorrer(c.raiz), c.reportes) << c.raiz;
+    for (const auto& [raiz, reportes] : casos)
+        EXPECT_EQ(recorrer(raiz), reportes) << raiz;
 
     // Below "/" paths don't begin with "//"; the root is "/" itself.
     std::vector<std::string> padres;
@@ -177,19 +177,13 @@ TEST(Arbol, Raices)
     EXPECT_EQ(raiz.back(), "fin 0 /");
     EXPECT_NE(std::find(raiz.begin(), raiz.end(), "d 1 /tmp"), raiz.end());
     EXPECT_EQ(std::set<std::string>(padres.begin(), padres.end()), std::set<std::string>{""});
-}
 
-// A folder that can't be opened, the root included, ends as ilegible right
-// after it is reported; the walk goes on beside it.
-TEST(Arbol, CarpetaIlegibleTerminaComoIlegible)
-{
-    CasaPrueba casa;
-    casa.archivo("cerrada/dentro", 1);
-    casa.archivo("abierta/dentro", 1);
-    casa.sinPermisos("cerrada");
-    const std::string c = casa.ruta("cerrada"), a = casa.ruta("abierta");
+    casa.archivo("x/cerrada/dentro", 1);
+    casa.archivo("x/abierta/dentro", 1);
+    casa.sinPermisos("x/cerrada");
+    const std::string x = casa.ruta("x"), c = x + "/cerrada", a = x + "/abierta";
     EXPECT_TRUE(apoyo::comoUsuarioSinPrivilegios(casa.raiz(), [&] {
-        const auto r = recorrer(casa.raiz());
+        const auto r = recorrer(x);
         const std::multiset<std::string> vistos(r.begin() + 1, r.end() - 1);
         const auto i = std::find(r.begin(), r.end(), "d 1 " + c);
         return vistos == std::multiset<std::string>{"d 1 " + c, "ilegible 1 " + c, "d 1 " + a,

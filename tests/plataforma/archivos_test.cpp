@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "plataforma/archivos.h"
+#include "plataforma/lectura.h"
 
 #include "apoyo/casa.h"
 
 #include <gtest/gtest.h>
+
+#include <sys/stat.h>
 
 using apoyo::CasaPrueba;
 using std::filesystem::path;
@@ -65,4 +68,17 @@ TEST(Archivos, VolumenDesmontado)
     // On this machine's own tables: no volume ever sits under this name.
     EXPECT_TRUE(plataforma::enVolumenDesmontado("/mnt/vorlano-sin-montar/proyecto"));
     EXPECT_FALSE(plataforma::enVolumenDesmontado(std::filesystem::temp_directory_path() / "vorlano-x"));
+}
+
+TEST(Archivos, LeerSoloArchivosNormalesYPequenos)
+{
+    CasaPrueba casa;
+    const auto f = casa.archivoCon("a.json", "{\"x\":1}");
+    EXPECT_EQ(plataforma::leerArchivo(f, 7), "{\"x\":1}");
+    EXPECT_EQ(plataforma::leerArchivo(f, 6), std::nullopt);
+    EXPECT_EQ(plataforma::leerArchivo(casa.archivoCon("vacio", ""), 10), "");
+    // A FIFO with no writer would block an ordinary open for ever.
+    ASSERT_EQ(::mkfifo(casa.ruta("fifo").c_str(), 0644), 0);
+    for (const auto& p : {casa.enlace("enlace", f), casa.crearDir("carpeta"), casa.ruta("falta"), casa.ruta("fifo")})
+        EXPECT_EQ(plataforma::leerArchivo(p, 100), std::nullopt) << p;
 }

@@ -3,6 +3,7 @@
 // aren't files or folders, and paths that would climb out of the base; then
 // the home Trash of this test process (its data home is a scratch folder)
 // emptied with it.
+#include "plataforma/arbol.h"
 #include "plataforma/borrado.h"
 #include "plataforma/papelera.h"
 
@@ -11,7 +12,10 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <fstream>
@@ -46,6 +50,60 @@ TEST(Borrado, ArbolHondoYAnchoSeVaciaEnteroDesdeUnaBaseEnlazada)
     EXPECT_EQ(plataforma::examinar(base, "item"), Clase::carpeta);
     for (const std::string& otra : std::vector<std::string>{"../real/item", "./item", "", casa.ruta("real/item")})
         EXPECT_EQ(plataforma::examinar(base, otra), Clase::ausente) << otra;
+}
+
+// A chain of 10,000 nested folders (too long a path to make by name), walked
+// and emptied on a thread with a small stack, as worker threads have, and with
+// few descriptors left: a smaller result, never a crash.
+TEST(Borrado, DiezMilCarpetasUnaDentroDeOtra)
+{
+    CasaPrueba casa(true);
+    const fs::path cache = casa.crearDir("Library/Caches/hondo");
+    int dir = ::open(cache.c_str(), O_RDONLY | O_DIRECTORY);
+    for (int i = 0; i < 10000 && dir >= 0; ++i) {
+        ::mkdirat(dir, "d", 0700);
+        const int sig = ::openat(dir, "d", O_RDONLY | O_DIRECTORY);
+        ::close(dir);
+        dir = sig;
+    }
+    ASSERT_GE(dir, 0);
+    ::close(dir);
+    // The deepest level reached, and the levels reported unreadable.
+    const auto hondoEIlegibles = [&] {
+        std::pair<int, std::vector<int>> r;
+        plataforma::recorrerArbol(cache, [&](const plataforma::EntradaArbol& e) {
+            r.first = std::max(r.first, e.nivel);
+            if (e.tipo == plataforma::TipoEntrada::ilegible)
+                r.second.push_back(e.nivel);
+            return plataforma::Paso::seguir;
+        });
+        return r;
+    };
+    std::pair<int, std::vector<int>> r;
+    plataforma::Vaciado v;
+    const auto ambos = [&] {
+        r = hondoEIlegibles();
+        v = plataforma::vaciar(casa.raiz(), "Library/Caches/hondo");
+    };
+    // The folder at the limit is reported and not opened.
+    apoyo::conPilaPequena(ambos);
+    EXPECT_EQ(r, std::pair(plataforma::profundidadMaxima, std::vector{plataforma::profundidadMaxima}));
+    EXPECT_EQ(v.clase, plataforma::Clase::carpeta);
+    EXPECT_EQ(v.fallidos, 1u);
+
+    // With at most 64 descriptors, the walk ends where they run out.
+    struct rlimit antes;
+    ::getrlimit(RLIMIT_NOFILE, &antes);
+    struct rlimit pocos = antes;
+    pocos.rlim_cur = 64;
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &pocos), 0);
+    apoyo::conPilaPequena(ambos);
+    ::setrlimit(RLIMIT_NOFILE, &antes);
+    EXPECT_EQ(r.second.size(), 1u);
+    EXPECT_LT(r.first, 64);
+    EXPECT_EQ(v.fallidos, 1u);
+    // rm walks any depth.
+    EXPECT_EQ(apoyo::ejecutarPrograma("/bin/rm", {"-rf", cache.string()}).estado, 0);
 }
 
 TEST(Papelera, VaciarQuitaTodoSinSalirDeLaPapelera)

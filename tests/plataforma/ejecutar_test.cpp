@@ -12,7 +12,6 @@
 #include <unistd.h>
 
 #include <fstream>
-#include <functional>
 #include <thread>
 
 using namespace std::chrono_literals;
@@ -32,19 +31,9 @@ bool vivo(const std::string& pid)
     return !stat.empty() && stat.substr(stat.rfind(')') + 2, 1) != "Z";
 }
 
-// The condition once true, or after 6 s: longer than the reaper's grace.
-bool alFin(const std::function<bool()>& f)
-{
-    for (const auto hasta = Reloj::now() + 6s; !f() && Reloj::now() < hasta;)
-        std::this_thread::sleep_for(20ms);
-    return f();
-}
-
-// No test leaves a child of this process behind, alive or zombie.
-class Ejecutar : public ::testing::Test {
+class Ejecutar : public apoyo::SinHijos {
 protected:
     apoyo::CasaPrueba casa;
-    void TearDown() override { EXPECT_TRUE(alFin([] { return apoyo::hijosVivos().empty(); })); }
 };
 
 } // namespace
@@ -72,6 +61,18 @@ TEST_F(Ejecutar, EstadoYSalidaDeCadaPrograma)
         // The status alone: the output nobody reads must go nowhere.
         EXPECT_EQ(plataforma::codigoDeSalida(c.programa, {"-c", c.guion}), c.codigo == SIGKILL ? std::nullopt : c.codigo);
     }
+    // Several threads at once, each with its own output.
+    std::vector<std::string> salidas(8);
+    std::vector<std::thread> hilos;
+    for (size_t i = 0; i < salidas.size(); ++i)
+        hilos.emplace_back([&, i] {
+            const auto r = sh("echo " + std::to_string(i));
+            salidas[i] = r ? r->salida : "";
+        });
+    for (size_t i = 0; i < salidas.size(); ++i) {
+        hilos[i].join();
+        EXPECT_EQ(salidas[i], std::to_string(i) + "\n");
+    }
 }
 
 TEST_F(Ejecutar, SoloDescriptoresCeroADosEntradaNulaYGrupoPropio)
@@ -96,7 +97,7 @@ TEST_F(Ejecutar, LimiteVencidoTerminaElGrupoEntero)
     const auto tardo = Reloj::now() - inicio;
     EXPECT_GT(tardo, 900ms);
     EXPECT_LT(tardo, 10s); // the answer didn't wait for the program
-    EXPECT_TRUE(alFin([&] { return std::filesystem::exists(marca); }));
+    EXPECT_TRUE(apoyo::alFin([&] { return std::filesystem::exists(marca); }));
 
     // A group deaf to the request is killed after the grace, grandchildren too.
     const auto pids = casa.ruta("pids").string();
@@ -104,7 +105,7 @@ TEST_F(Ejecutar, LimiteVencidoTerminaElGrupoEntero)
     std::ifstream f(pids);
     std::string nieto, hijo;
     ASSERT_TRUE(f >> nieto >> hijo);
-    EXPECT_TRUE(alFin([&] { return !vivo(nieto) && !vivo(hijo); }));
+    EXPECT_TRUE(apoyo::alFin([&] { return !vivo(nieto) && !vivo(hijo); }));
 
     // The program ended but a descendant keeps the pipe: the status and the
     // output come at the limit.
@@ -112,18 +113,6 @@ TEST_F(Ejecutar, LimiteVencidoTerminaElGrupoEntero)
     ASSERT_TRUE(r);
     EXPECT_EQ(r->codigo, 0);
     EXPECT_EQ(r->salida, "hola\n");
-}
-
-TEST_F(Ejecutar, VariosHilosALaVez)
-{
-    std::vector<std::string> salidas(8);
-    std::vector<std::thread> hilos;
-    for (size_t i = 0; i < salidas.size(); ++i)
-        hilos.emplace_back([&, i] { salidas[i] = sh("echo " + std::to_string(i)).value_or(plataforma::SalidaPrograma{}).salida; });
-    for (size_t i = 0; i < salidas.size(); ++i) {
-        hilos[i].join();
-        EXPECT_EQ(salidas[i], std::to_string(i) + "\n");
-    }
 }
 
 TEST(BuscarPrograma, PrimerEjecutableDeLaLista)

@@ -36,7 +36,8 @@ TEST(Lugares, BasesDelEntorno)
 }
 
 // user-dirs.dirs as a shell that sources it reads it; whatever leads out of
-// home, is home, or can't be understood keeps the English name.
+// home, is home, or can't be understood keeps the English name. The file is
+// the one in the config home; one that is too big is no file.
 TEST(Lugares, CarpetasDeUserDirs)
 {
     const fs::path casa = "/home/ana";
@@ -66,17 +67,12 @@ TEST(Lugares, CarpetasDeUserDirs)
     for (const auto& c : casos)
         EXPECT_EQ(plataforma::leerCarpetasPersonales(c.texto, casa)[c.carpeta], fs::path(c.esperada)) << c.texto;
     EXPECT_EQ(plataforma::leerCarpetasPersonales("", casa)[Personal::videos], "/home/ana/Movies");
-}
 
-// The file in the config home; one that is too big or isn't a file is no file.
-TEST(Lugares, ArchivoUserDirs)
-{
-    apoyo::CasaPrueba casa;
-    const fs::path config = casa.ruta(".config");
-    EXPECT_EQ(plataforma::carpetasPersonales(casa.raiz(), config)[Personal::descargas], casa.ruta("Downloads"));
-    casa.archivoCon(".config/user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"$HOME/Descargas\"\n");
-    EXPECT_EQ(plataforma::carpetasPersonales(casa.raiz(), config)[Personal::descargas], casa.ruta("Descargas"));
-    casa.archivoCon(".config/user-dirs.dirs",
-                    "XDG_DOWNLOAD_DIR=\"$HOME/Descargas\"\n" + std::string(100 * 1024, '#') + "\n");
-    EXPECT_EQ(plataforma::carpetasPersonales(casa.raiz(), config)[Personal::descargas], casa.ruta("Downloads"));
+    apoyo::CasaPrueba home;
+    const fs::path config = home.ruta(".config");
+    EXPECT_EQ(plataforma::carpetasPersonales(home.raiz(), config)[Personal::descargas], home.ruta("Downloads"));
+    home.archivoCon(".config/user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"$HOME/Descargas\"\n");
+    EXPECT_EQ(plataforma::carpetasPersonales(home.raiz(), config)[Personal::descargas], home.ruta("Descargas"));
+    home.archivoCon(".config/user-dirs.dirs", "XDG_DOWNLOAD_DIR=\"$HOME/Descargas\"\n" + std::string(100 * 1024, '#'));
+    EXPECT_EQ(plataforma::carpetasPersonales(home.raiz(), config)[Personal::descargas], home.ruta("Downloads"));
 }
