@@ -146,12 +146,12 @@ TrabajoRetenido::TrabajoRetenido()
     QThreadPool* grupo = grupoDeTrabajo();
     ocupados_ = grupo->maxThreadCount();
     for (int i = 0; i < ocupados_; ++i)
-        grupo->start([this] { paso_.acquire(); });
+        grupo->start([paso = paso_] { paso->acquire(); });
 }
 
 void TrabajoRetenido::soltar()
 {
-    paso_.release(std::exchange(ocupados_, 0));
+    paso_->release(std::exchange(ocupados_, 0));
 }
 
 GestorArchivos::GestorArchivos()

@@ -90,7 +90,9 @@ public:
     void soltar();
 
 private:
-    std::counting_semaphore<> paso_{0};
+    // Shared with the held tasks: one may still be inside acquire(), or not
+    // yet started, when this object goes away.
+    std::shared_ptr<std::counting_semaphore<>> paso_ = std::make_shared<std::counting_semaphore<>>(0);
     int ocupados_ = 0;
 };
 
