@@ -3,6 +3,7 @@
 
 #include "apoyo/proceso.h"
 #include "nucleo/textos.h"
+#include "plataforma/archivos.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 #include <QTranslator>
 
 using namespace prueba;
+using namespace std::chrono_literals;
 
 TEST(Escaner, MinimoGrandeSoloEnModoPrueba)
 {
@@ -117,4 +119,68 @@ TEST(Escaner, CatalogoDeLinuxNoNombraElMac)
     EXPECT_FALSE(nombraMac());
     QCoreApplication::removeTranslator(&catalogo);
     EXPECT_EQ(idiomasDisponibles(), (std::vector<std::string>{"es", "en"}));
+}
+
+// One place (a link on the way included) stays in the earliest, safest
+// category; what lies inside another item goes whatever its category; paths
+// nest by whole components; items under 64 KiB and emptied categories go;
+// larger first, equal sizes in their order.
+TEST(Depurar, UnSitioUnaVezEnSuCategoriaMasSegura)
+{
+    CasaPrueba casa;
+    casa.crearDir("real/cache");
+    casa.enlace("atajo", casa.ruta("real"));
+    const Escaner esc(casa.entorno());
+    const auto el = [](const fs::path& p, int64_t t) { return Elemento{.url = p, .nombre = p.filename(), .tamano = t}; };
+    const auto r = Escaner::depurar({
+        esc.categoria("apps", {el("/h/a", 70000), el("/h/b", 90000), el("/h/foo", 70000), el("/h/foo-bar", 70000),
+                               el("/h/chico", 65535), el("/h/justo", 65536), el("/h/d", 90000),
+                               el(casa.ruta("real/cache"), 100000)}),
+        esc.categoria("dev", {el("/h/a", 100000), el("/h/e", 70000), el(casa.ruta("atajo/cache"), 100000)}),
+        esc.categoria("compilaciones", {el("/h/app/dist", 900000)}),
+        esc.categoria("grandes", {el("/h/app/dist/x.bin", 800000)}),
+        esc.categoria("logs", {el("/h/l", 65535)}),
+        esc.categoria("huerfanos", {el("/h/app", 2000000)}),
+    });
+    std::vector<std::pair<std::string, std::vector<std::string>>> vistas;
+    for (const auto& c : r) {
+        vistas.push_back({c.id, {}});
+        for (const auto& e : c.elementos)
+            vistas.back().second.push_back(e.nombre);
+    }
+    EXPECT_EQ(vistas, (decltype(vistas){{"apps", {"cache", "b", "d", "a", "foo", "foo-bar", "justo"}},
+                                        {"dev", {"e"}},
+                                        {"huerfanos", {"app"}}}));
+    EXPECT_TRUE(Escaner::depurar({}).empty());
+}
+
+// A birth time can't be set, so "now" moves instead: the entries are made
+// now and looked at from the future.
+TEST(DescargasAntiguas, SesentaDiasExactosPorFechaDeCreacion)
+{
+    CasaPrueba casa;
+    const auto zip = casa.archivo("Downloads/a.zip", 4096);
+    const auto creado = plataforma::fechaCreacion(zip);
+    if (!creado)
+        GTEST_SKIP() << "el sistema de archivos no guarda la fecha de creación";
+    // Made a moment later than a.zip.
+    casa.archivo("Downloads/proyecto/src/main.c", 10); // judged as one thing
+    casa.archivo("Downloads/.DS_Store", 10);
+    casa.fecha("Downloads/a.zip", *creado - 24h * 365); // the modification date plays no part
+
+    const Escaner esc(casa.entorno());
+    const auto limite = *creado + 24h * 60;
+    EXPECT_TRUE(esc.descargasAntiguas(limite - 1s).empty());
+    EXPECT_TRUE(esc.descargasAntiguas(limite).empty()); // strictly earlier only
+    const auto r = esc.descargasAntiguas(limite + 1s);
+    ASSERT_EQ(r.size(), 2u);
+    const Elemento& a = r[0].nombre == "a.zip" ? r[0] : r[1];
+    EXPECT_EQ((r[0].nombre == "a.zip" ? r[1] : r[0]).nombre, "proyecto");
+    EXPECT_EQ(a.url, zip);
+    // Aged from the creation date as seen from the given "now".
+    EXPECT_EQ(a.detalle, "descargado " + haceCuanto(*creado, limite + 1s, localeApp()));
+    EXPECT_FALSE(a.seleccionado);
+    EXPECT_EQ(a.tamano, 0);
+
+    EXPECT_TRUE(Escaner(Entorno{casa.ruta("sin-casa"), true}).descargasAntiguas(limite + 1s).empty());
 }
