@@ -22,6 +22,7 @@ TEST(Reglas, CadaLugarEnSuCategoriaYNadaProtegido)
     CasaPrueba casa;
     apoyo::crearCasaDemo(casa.raiz());
     std::map<std::string, std::string> esperadas; // place -> category
+    std::map<std::string, const Regla*> filas;
     const std::pair<const std::vector<Regla>*, const char*> tablas[] = {
         {&Escaner::programacion(), "dev"}, {&Escaner::redescarga(), "redescarga"}, {&Escaner::registros(), "logs"}};
     for (const auto& [tabla, categoria] : tablas)
@@ -32,6 +33,7 @@ TEST(Reglas, CadaLugarEnSuCategoriaYNadaProtegido)
             for (const auto& parte : p)
                 EXPECT_TRUE(parte != ".." && parte != "." && !parte.empty()); // no doubled or trailing slash
             EXPECT_TRUE(esperadas.emplace(lugar(r), categoria).second) << "repetida";
+            filas[lugar(r)] = &r;
             casa.archivo(lugar(r) + "/datos", 100000);
         }
     esperadas.insert({
@@ -72,6 +74,11 @@ TEST(Reglas, CadaLugarEnSuCategoriaYNadaProtegido)
                     EXPECT_EQ(c.id, it->second) << ru;
                     esperadas.erase(it);
                 }
+                if (const auto f = filas.find(ru); f != filas.end()) {
+                    EXPECT_EQ(e.nombre, f->second->nombre);
+                    EXPECT_EQ(e.detalle, "~/" + ru);
+                    EXPECT_EQ(e.seleccionado, c.id != "redescarga") << ru; // nothing is in use here
+                }
                 du += apoyo::du(u);
                 // A row directly in home is shown for its size and never removed.
                 EXPECT_EQ(limpiador.permitido(u), ru.find('/') != std::string::npos) << ru;
@@ -86,6 +93,7 @@ TEST(Reglas, CadaLugarEnSuCategoriaYNadaProtegido)
                     EXPECT_FALSE(bajo(ru, nunca)) << ru;
             }
             EXPECT_EQ(e.tamano, du) << e.url;
+            EXPECT_FALSE(e.accion); // no simulators or Docker in test mode
         }
     EXPECT_TRUE(esperadas.empty()) << esperadas.begin()->first << " no dio su elemento";
 
