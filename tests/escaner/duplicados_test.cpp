@@ -67,24 +67,19 @@ TEST(Duplicados, TamanoEnlacesDurosContenidoYCandidatosDelRecorrido)
 {
     CasaPrueba casa, fuera;
     const std::string raro = "Pictures/\xff\xfe copia";
-    const struct {
-        const char* ruta;
-        int64_t bytes;
-        char relleno;
-    } archivos[] = {
+    const std::tuple<std::string, int64_t, char> archivos[] = {
         {"Documents/t99a", 99'999, 'a'}, {"Downloads/t99b", 99'999, 'a'}, {"Documents/t100a", 100'000, 'b'},
         {"Pictures/t100b", 100'000, 'b'}, {"Documents/duro1", 150'000, 'c'}, {"Documents/p1a", 250'000, 'e'},
         {"Documents/p1b", 250'000, 'e'}, {"Documents/p2a", 250'000, 'f'}, {"Downloads/p2b", 250'000, 'f'},
-        {"Pictures/original", 300'000, 'j'}, {raro.c_str(), 300'000, 'j'},
-        // Three copies, and more where nobody looks.
-        {"Desktop/tres1", 200'000, 'd'}, {"Documents/tres2", 200'000, 'd'}, {"Movies/tres3", 200'000, 'd'},
-        {"Music/tres4", 200'000, 'd'}, {"Documents/.tres5", 200'000, 'd'}, {"Documents/.oculta/tres6", 200'000, 'd'},
-        {"Documents/proy/node_modules/tres7", 200'000, 'd'}, {"Documents/Foo.app/Contents/tres8", 200'000, 'd'},
-        {"Documents/web/dist/tres9", 200'000, 'd'}, {"Documents/Pods/tres10", 200'000, 'd'},
-        {"Library/Docs/tres11", 200'000, 'd'}, {"Pods/tres12", 200'000, 'd'}, {".oculta/dl/tres13", 200'000, 'd'},
-    };
-    for (const auto& a : archivos)
-        casa.archivo(a.ruta, a.bytes, a.relleno);
+        {"Pictures/original", 300'000, 'j'}, {raro, 300'000, 'j'}};
+    for (const auto& [ruta, bytes, relleno] : archivos)
+        casa.archivo(ruta, bytes, relleno);
+    // Copies of one file, most where nobody looks.
+    for (const char* ruta : {"Desktop/tres1", "Documents/tres2", "Movies/tres3", "Music/tres4", "Documents/.tres5",
+                             "Documents/.oculta/tres6", "Documents/proy/node_modules/tres7",
+                             "Documents/Foo.app/Contents/tres8", "Documents/web/dist/tres9", "Documents/Pods/tres10",
+                             "Library/Docs/tres11", "Pods/tres12", ".oculta/dl/tres13"})
+        casa.archivo(ruta, 200'000, 'd');
     fuera.archivo("tres14", 200'000, 'd');
     casa.enlaceDuro("Pictures/duro2", "Documents/duro1");
     casa.archivoCon("Documents/web/package.json", "{}");
