@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A whole scan of a home holding the apps' and editors' places.
+// A whole scan of a home holding the apps', logs' and editors' places.
 #include "comun.h"
 
 #include <gtest/gtest.h>
@@ -27,7 +27,17 @@ std::vector<Visto> vistos(const Categoria& c)
 TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
 {
     CasaPrueba casa;
+    // Caches and logs: Apple's own, excluded names and .DS_Store give nothing;
+    // a name that isn't UTF-8 is listed and measured like any other.
     casa.archivo("Library/Caches/org.ejemplo.app/datos", 900 * kib);
+    const std::string raro = "cach\xe9-latin1";
+    for (const std::string n : {"COM.APPLE.Safari", "com.apple.x", "CloudKit", ".DS_Store"})
+        casa.archivo("Library/Caches/" + n + "/f", 100 * kib);
+    casa.archivo("Library/Caches/org.bueno/f", 130 * kib);
+    casa.archivo("Library/Caches/com.applepie.y/f", 120 * kib);
+    casa.archivo("Library/Caches/" + raro + "/f", 110 * kib);
+    casa.archivo("Library/Logs/.DS_Store", 100 * kib);
+    casa.archivo("Library/Logs/crash.log", 100 * kib);
     // Electron-style apps: with the signature folders, without them, and with
     // one of the cache folders a link that leads out of the app. Excluded
     // names, a signature that is a file and an app folder that is a link give
@@ -81,16 +91,24 @@ TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
     casa.archivo("Downloads/carpeta/dentro.bin", 400 * kib, 'd');
 
     const auto cats = escanear(casa.entorno());
-    ASSERT_EQ(cats.size(), 2u);
-    EXPECT_EQ(cats[0].id + cats[1].id, "appsdev");
+    ASSERT_EQ(cats.size(), 3u);
+    EXPECT_EQ(cats[0].id + cats[1].id + cats[2].id, "appslogsdev");
 
     const std::string interna = "Caché interna de la app";
     EXPECT_EQ(vistos(cats[0]), (std::vector<Visto>{{"org.ejemplo.app", "", true},
                                                    {"Slack", interna, true},
                                                    {"Code", interna, true},
-                                                   {"Enlazada", interna, true}}));
+                                                   {"Enlazada", interna, true},
+                                                   {"org.bueno", "", true},
+                                                   {"com.applepie.y", "", true},
+                                                   {raro, "", true}}));
+    for (const auto& e : cats[0].elementos)
+        EXPECT_TRUE(e.revisarUso) << e.nombre;
+    EXPECT_EQ(vistos(cats[1]), (std::vector<Visto>{{"crash.log", "", true}}));
+    EXPECT_FALSE(cats[1].elementos[0].revisarUso);
     // Measured with their extra folders; the link is neither offered nor followed.
     const auto& apps = cats[0].elementos;
+    EXPECT_EQ(apps[6].tamano, apoyo::du(apps[6].url));
     EXPECT_EQ(apps[1].tamano, apoyo::du(casa.ruta(soporte + "Slack/Cache")) +
                                   apoyo::du(casa.ruta(soporte + "Slack/Code Cache")) +
                                   apoyo::du(casa.ruta(soporte + "Slack/GPUCache")));
@@ -99,7 +117,7 @@ TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
     EXPECT_EQ(apps[3].url, casa.ruta(soporte + "Enlazada/GPUCache"));
     EXPECT_TRUE(apps[3].extra.empty());
 
-    EXPECT_EQ(vistos(cats[1]),
+    EXPECT_EQ(vistos(cats[2]),
               (std::vector<Visto>{
                   {"VS Code · proyectos que ya no existen", "Datos de 2 proyectos borrados o movidos", true},
                   {"VS Code · proyectos sin abrir hace más de 3 meses",
