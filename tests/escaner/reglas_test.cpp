@@ -50,6 +50,7 @@ TEST(Reglas, CadaLugarEnSuCategoriaYNadaProtegido)
         {".config/discord/logs", "logs"},
         {"Descargas/google-chrome-stable_current_amd64.deb", "instaladores"},
         {"Descargas/debian-12.5.0-amd64-netinst.iso", "instaladores"},
+        {"Descargas/Contrato alquiler.pdf", "duplicados"},
         {"Descargas/Contrato alquiler (1).pdf", "duplicados"},
         {"Escritorio/archivo-03 copia.bin", "duplicados"},
     });
