@@ -27,23 +27,6 @@ TEST(Escaner, MinimoGrandeSoloEnModoPrueba)
     }
 }
 
-// A folder that can't be read gives nothing.
-TEST(Escaner, CarpetaIlegibleNoDaHijos)
-{
-    CasaPrueba casa;
-    casa.archivo("Library/Caches/org.bueno/f", 100000);
-    casa.archivo("Library/Logs/crash.log", 100000);
-    // The driver measures on the parallel loop, which a forked child must not
-    // use; so the child looks at the listing stage alone.
-    casa.sinPermisos("Library/Caches");
-    EXPECT_TRUE(apoyo::comoUsuarioSinPrivilegios(casa.raiz(), [&] {
-        const Escaner esc(casa.entorno());
-        const auto todos = [](std::string_view) { return true; };
-        return esc.hijos(casa.ruta("Library/Caches"), nullptr, todos).empty() &&
-               esc.hijos(casa.ruta("Library/Logs"), nullptr, todos).size() == 1;
-    }));
-}
-
 TEST(Escaner, MarcarUsoQuitaSeleccionPeroNoLaPone)
 {
     AppsAbiertas a;
