@@ -36,10 +36,11 @@ TEST(AppsAbiertas, QuienUsa)
     EXPECT_EQ(a.quienUsa("big.things", {}), std::nullopt);
 }
 
-// Running programs are known by the .app bundle they run from or by a
-// visible desktop entry; this program's own bundle and hidden entries never
-// count. The caches they own are shown in use and unselected: Mozilla's
-// folder by the owners the scan knows for it, an Electron app's by its name.
+// Running programs are known by the .app bundle they run from, by a visible
+// desktop entry or by their control group; this program's own bundle and
+// hidden entries never count. The caches they own are shown in use and
+// unselected: Mozilla's folder by the owners the scan knows for it, an
+// Electron app's by its name.
 TEST(AppsAbiertas, ProgramasEnMarchaYSusCaches)
 {
     apoyo::CasaPrueba casa;
@@ -81,34 +82,10 @@ TEST(AppsAbiertas, ProgramasEnMarchaYSusCaches)
     EXPECT_EQ(usos["mozilla"], std::pair(std::optional<std::string>("Firefox ESR"), false));
     EXPECT_EQ(usos["discord"], std::pair(std::optional<std::string>("Discord"), false));
     EXPECT_EQ(usos["otra"], std::pair(std::optional<std::string>(), true));
-}
 
-// Inside Flatpak's and Snap's sandboxes a program's executable is the
-// sandbox's own; the control group the desktop started it in names the
-// application, and its desktop entry the name shown.
-TEST(AppsAbiertas, AplicacionesDeFlatpakYSnapPorSuGrupo)
-{
-    const std::string uuid = "2a9b1c7d-1e2f-4a5b-8c9d-0e1f2a3b4c5d";
-    const std::pair<std::string, std::optional<std::string>> casos[] = {
-        {"0::/user.slice/user-1000.slice/user@1000.service/app.slice/app-flatpak-org.gimp.GIMP-4321.scope\n",
-         "org.gimp.GIMP"},
-        {"12:pids:/user.slice\n0::/app.slice/snap.firefox.firefox-" + uuid + ".scope\n", "firefox_firefox"},
-        {"0::/app.slice/snap.code-insiders.code-insiders-" + uuid + ".scope", "code-insiders_code-insiders"},
-        {"0::/app.slice/snap.lxd.hook.configure-" + uuid + ".scope", std::nullopt},
-        {"0::/app.slice/snap.firefox.firefox-1234.scope", std::nullopt},
-        {"0::/app.slice/app-gnome-org.gnome.Nautilus-1234.scope", std::nullopt},
-        {"0::/app.slice/app-flatpak-org.x.Y-.scope", std::nullopt},
-        {"0::/app.slice/app-flatpak-org.x.Y-12a.scope", std::nullopt},
-        {"0::/app.slice/app-flatpak-org.x.Y-12.scope/hijo", std::nullopt},
-        {"0::/user.slice/user-1000.slice/session-2.scope", std::nullopt},
-        {"", std::nullopt},
-    };
-    for (const auto& [grupos, app] : casos)
-        EXPECT_EQ(plataforma::appDeGrupo(grupos), app) << grupos;
-
-    // A process moved into such a group, where this system lets a test make one.
-    apoyo::CasaPrueba casa;
-    apoyo::Variable datos("XDG_DATA_HOME", casa.ruta("datos").string());
+    // A program in a sandbox (its executable the sandbox's own) moved into the
+    // control group the desktop would start it in, where this system lets a
+    // test make one: the group names the app, its desktop entry the name.
     casa.archivoCon("datos/applications/org.ej.Notas.desktop",
                     "[Desktop Entry]\nType=Application\nName=Notas\nExec=/usr/bin/flatpak run org.ej.Notas\n");
     std::filesystem::path grupo;
@@ -133,4 +110,26 @@ TEST(AppsAbiertas, AplicacionesDeFlatpakYSnapPorSuGrupo)
     if (grupo.empty())
         GTEST_SKIP() << "este sistema no deja mover un proceso a otro grupo de control";
     EXPECT_TRUE(visto);
+}
+
+// The application a control group names, for Flatpak's and Snap's scopes.
+TEST(AppsAbiertas, AplicacionesDeFlatpakYSnapPorSuGrupo)
+{
+    const std::string uuid = "2a9b1c7d-1e2f-4a5b-8c9d-0e1f2a3b4c5d";
+    const std::pair<std::string, std::optional<std::string>> casos[] = {
+        {"0::/user.slice/user-1000.slice/user@1000.service/app.slice/app-flatpak-org.gimp.GIMP-4321.scope\n",
+         "org.gimp.GIMP"},
+        {"12:pids:/user.slice\n0::/app.slice/snap.firefox.firefox-" + uuid + ".scope\n", "firefox_firefox"},
+        {"0::/app.slice/snap.code-insiders.code-insiders-" + uuid + ".scope", "code-insiders_code-insiders"},
+        {"0::/app.slice/snap.lxd.hook.configure-" + uuid + ".scope", std::nullopt},
+        {"0::/app.slice/snap.firefox.firefox-1234.scope", std::nullopt},
+        {"0::/app.slice/app-gnome-org.gnome.Nautilus-1234.scope", std::nullopt},
+        {"0::/app.slice/app-flatpak-org.x.Y-.scope", std::nullopt},
+        {"0::/app.slice/app-flatpak-org.x.Y-12a.scope", std::nullopt},
+        {"0::/app.slice/app-flatpak-org.x.Y-12.scope/hijo", std::nullopt},
+        {"0::/user.slice/user-1000.slice/session-2.scope", std::nullopt},
+        {"", std::nullopt},
+    };
+    for (const auto& [grupos, app] : casos)
+        EXPECT_EQ(plataforma::appDeGrupo(grupos), app) << grupos;
 }

@@ -30,14 +30,6 @@ inline Nombres nombres(const std::vector<Elemento>& es)
     return r;
 }
 
-inline const Categoria* buscar(const std::vector<Categoria>& cs, std::string_view id)
-{
-    for (const auto& c : cs)
-        if (c.id == id)
-            return &c;
-    return nullptr;
-}
-
 // Relative to the home.
 inline std::string lugar(const Regla& r)
 {

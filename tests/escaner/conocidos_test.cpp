@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A whole scan of a home holding every place known by name.
+// A whole scan of a home holding the apps', logs' and editors' places.
 #include "comun.h"
 
 #include <gtest/gtest.h>
@@ -22,28 +22,22 @@ std::vector<Visto> vistos(const Categoria& c)
     return r;
 }
 
-std::vector<Visto> deReglas(const std::vector<Regla>& tabla, bool seleccionado)
-{
-    std::vector<Visto> r;
-    for (const Regla& f : tabla)
-        r.emplace_back(f.nombre, "~/" + lugar(f), seleccionado);
-    return r;
-}
-
 } // namespace
 
 TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
 {
     CasaPrueba casa;
-    // Sizes fall along each table, so the order by size the scan ends with
-    // is the order in which the stages made the items.
-    int64_t n = 80;
-    for (const Regla& r : Escaner::programacion())
-        casa.archivo(lugar(r) + "/datos", 64 * kib * n--);
-    n = 40;
-    for (const Regla& r : Escaner::redescarga())
-        casa.archivo(lugar(r) + "/datos", 64 * kib * n--);
+    // Caches and logs: Apple's own, excluded names and .DS_Store give nothing;
+    // a name that isn't UTF-8 is listed and measured like any other.
     casa.archivo("Library/Caches/org.ejemplo.app/datos", 900 * kib);
+    const std::string raro = "cach\xe9-latin1";
+    for (const std::string n : {"COM.APPLE.Safari", "com.apple.x", "CloudKit", ".DS_Store"})
+        casa.archivo("Library/Caches/" + n + "/f", 100 * kib);
+    casa.archivo("Library/Caches/org.bueno/f", 130 * kib);
+    casa.archivo("Library/Caches/com.applepie.y/f", 120 * kib);
+    casa.archivo("Library/Caches/" + raro + "/f", 110 * kib);
+    casa.archivo("Library/Logs/.DS_Store", 100 * kib);
+    casa.archivo("Library/Logs/crash.log", 100 * kib);
     // Electron-style apps: with the signature folders, without them, and with
     // one of the cache folders a link that leads out of the app. Excluded
     // names, a signature that is a file and an app folder that is a link give
@@ -98,15 +92,23 @@ TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
 
     const auto cats = escanear(casa.entorno());
     ASSERT_EQ(cats.size(), 3u);
-    EXPECT_EQ(cats[0].id + cats[1].id + cats[2].id, "appsdevredescarga");
+    EXPECT_EQ(cats[0].id + cats[1].id + cats[2].id, "appslogsdev");
 
     const std::string interna = "Caché interna de la app";
     EXPECT_EQ(vistos(cats[0]), (std::vector<Visto>{{"org.ejemplo.app", "", true},
                                                    {"Slack", interna, true},
                                                    {"Code", interna, true},
-                                                   {"Enlazada", interna, true}}));
+                                                   {"Enlazada", interna, true},
+                                                   {"org.bueno", "", true},
+                                                   {"com.applepie.y", "", true},
+                                                   {raro, "", true}}));
+    for (const auto& e : cats[0].elementos)
+        EXPECT_TRUE(e.revisarUso) << e.nombre;
+    EXPECT_EQ(vistos(cats[1]), (std::vector<Visto>{{"crash.log", "", true}}));
+    EXPECT_FALSE(cats[1].elementos[0].revisarUso);
     // Measured with their extra folders; the link is neither offered nor followed.
     const auto& apps = cats[0].elementos;
+    EXPECT_EQ(apps[6].tamano, apoyo::du(apps[6].url));
     EXPECT_EQ(apps[1].tamano, apoyo::du(casa.ruta(soporte + "Slack/Cache")) +
                                   apoyo::du(casa.ruta(soporte + "Slack/Code Cache")) +
                                   apoyo::du(casa.ruta(soporte + "Slack/GPUCache")));
@@ -115,15 +117,12 @@ TEST(Conocidos, CadaLugarEnSuCategoriaYOrden)
     EXPECT_EQ(apps[3].url, casa.ruta(soporte + "Enlazada/GPUCache"));
     EXPECT_TRUE(apps[3].extra.empty());
 
-    auto dev = deReglas(Escaner::programacion(), true);
-    dev.push_back({"VS Code · proyectos que ya no existen", "Datos de 2 proyectos borrados o movidos", true});
-    dev.push_back({"VS Code · proyectos sin abrir hace más de 3 meses",
-                   "Se pierden las pestañas abiertas y ajustes de esos 3 proyectos", false});
-    dev.push_back({"Cursor · proyectos que ya no existen", "Datos de 1 proyecto borrado o movido", true});
-    dev.push_back({"Cursor · proyectos sin abrir hace más de 3 meses",
-                   "Se pierden las pestañas abiertas y ajustes de ese proyecto", false});
-    EXPECT_EQ(vistos(cats[1]), dev);
-    EXPECT_EQ(vistos(cats[2]), deReglas(Escaner::redescarga(), false));
-    for (const auto& e : cats[2].elementos)
-        EXPECT_FALSE(e.accion); // no simulators or Docker in test mode
+    EXPECT_EQ(vistos(cats[2]),
+              (std::vector<Visto>{
+                  {"VS Code · proyectos que ya no existen", "Datos de 2 proyectos borrados o movidos", true},
+                  {"VS Code · proyectos sin abrir hace más de 3 meses",
+                   "Se pierden las pestañas abiertas y ajustes de esos 3 proyectos", false},
+                  {"Cursor · proyectos que ya no existen", "Datos de 1 proyecto borrado o movido", true},
+                  {"Cursor · proyectos sin abrir hace más de 3 meses",
+                   "Se pierden las pestañas abiertas y ajustes de ese proyecto", false}}));
 }

@@ -60,28 +60,28 @@ int64_t segundoDeCreacion(const fs::path& p)
 
 } // namespace
 
-TEST(Duplicados, TamanoEnlacesDurosYContenido)
+// The same sets whether the search walks its folders itself or takes the
+// candidates of the scan's walk of the home, wherever those folders lie (the
+// home itself, under folders the walk doesn't enter, outside home).
+TEST(Duplicados, TamanoEnlacesDurosContenidoYCandidatosDelRecorrido)
 {
-    CasaPrueba casa;
+    CasaPrueba casa, fuera;
     const std::string raro = "Pictures/\xff\xfe copia";
-    const struct {
-        const char* ruta;
-        int64_t bytes;
-        char relleno;
-    } archivos[] = {
+    const std::tuple<std::string, int64_t, char> archivos[] = {
         {"Documents/t99a", 99'999, 'a'}, {"Downloads/t99b", 99'999, 'a'}, {"Documents/t100a", 100'000, 'b'},
         {"Pictures/t100b", 100'000, 'b'}, {"Documents/duro1", 150'000, 'c'}, {"Documents/p1a", 250'000, 'e'},
         {"Documents/p1b", 250'000, 'e'}, {"Documents/p2a", 250'000, 'f'}, {"Downloads/p2b", 250'000, 'f'},
-        {"Pictures/original", 300'000, 'j'}, {raro.c_str(), 300'000, 'j'},
-        // Three copies, and more where nobody looks.
-        {"Desktop/tres1", 200'000, 'd'}, {"Documents/tres2", 200'000, 'd'}, {"Movies/tres3", 200'000, 'd'},
-        {"Music/tres4", 200'000, 'd'}, {"Documents/.tres5", 200'000, 'd'}, {"Documents/.oculta/tres6", 200'000, 'd'},
-        {"Documents/proy/node_modules/tres7", 200'000, 'd'}, {"Documents/Foo.app/Contents/tres8", 200'000, 'd'},
-        {"Documents/web/dist/tres9", 200'000, 'd'},
-    };
-    for (const auto& a : archivos)
-        casa.archivo(a.ruta, a.bytes, a.relleno);
-    casa.enlaceDuro("Documents/sub/duro2", "Documents/duro1");
+        {"Pictures/original", 300'000, 'j'}, {raro, 300'000, 'j'}};
+    for (const auto& [ruta, bytes, relleno] : archivos)
+        casa.archivo(ruta, bytes, relleno);
+    // Copies of one file, most where nobody looks.
+    for (const char* ruta : {"Desktop/tres1", "Documents/tres2", "Movies/tres3", "Music/tres4", "Documents/.tres5",
+                             "Documents/.oculta/tres6", "Documents/proy/node_modules/tres7",
+                             "Documents/Foo.app/Contents/tres8", "Documents/web/dist/tres9", "Documents/Pods/tres10",
+                             "Library/Docs/tres11", "Pods/tres12", ".oculta/dl/tres13"})
+        casa.archivo(ruta, 200'000, 'd');
+    fuera.archivo("tres14", 200'000, 'd');
+    casa.enlaceDuro("Pictures/duro2", "Documents/duro1");
     casa.archivoCon("Documents/web/package.json", "{}");
     // Links, to a copy and to a folder of copies, are not followed.
     casa.enlace("Documents/enlace", casa.ruta("Desktop/tres1"));
@@ -94,13 +94,35 @@ TEST(Duplicados, TamanoEnlacesDurosYContenido)
 
     const auto es = Escaner(casa.entorno()).duplicados();
     EXPECT_EQ(grupos(es), (std::set<Nombres>{{"Documents/t100a", "Pictures/t100b"},
-                                             {"Desktop/tres1", "Documents/tres2", "Movies/tres3"},
+                                             {"Desktop/tres1", "Documents/tres2", "Movies/tres3", "Documents/Pods/tres10"},
                                              {"Documents/p1a", "Documents/p1b"},
                                              {"Documents/p2a", "Downloads/p2b"},
                                              {"Pictures/original", raro}}));
     for (const auto& e : es) {
         EXPECT_EQ(e.url, casa.ruta(e.nombre));
         EXPECT_EQ(e.tamano, apoyo::asignado(e.url)); // allocated bytes, not the length
+    }
+
+    using plataforma::Personal;
+    const std::vector<std::vector<std::pair<Personal, fs::path>>> disposiciones{
+        {},
+        {{Personal::escritorio, casa.raiz()}},
+        {{Personal::descargas, casa.ruta(".oculta/dl")}, {Personal::imagenes, fuera.raiz()},
+         {Personal::videos, casa.ruta("Pods")}, {Personal::documentos, casa.ruta("Library/Docs")}},
+    };
+    const auto vistos = [](const std::vector<Elemento>& es) {
+        std::vector<std::tuple<fs::path, std::string, std::string, int64_t>> r;
+        for (const auto& e : es)
+            r.emplace_back(e.url, e.nombre, e.detalle.value_or(""), e.tamano);
+        return r;
+    };
+    for (size_t i = 0; i < disposiciones.size(); ++i) {
+        Escaner escaner(casa.entorno());
+        for (const auto& [p, ruta] : disposiciones[i])
+            escaner.personales.rutas[size_t(p)] = ruta;
+        const auto esperado = vistos(escaner.duplicados());
+        EXPECT_GE(esperado.size(), 2u) << i;
+        EXPECT_EQ(vistos(escaner.duplicados(escaner.recorrerCarpetaPersonal(std::nullopt).candidatos)), esperado) << i;
     }
 }
 
@@ -283,45 +305,4 @@ TEST(Duplicados, CoincideConJdupes)
             grupo.clear();
     ASSERT_FALSE(esperado.empty());
     EXPECT_EQ(grupos(Escaner(casa.entorno()).duplicados()), esperado);
-}
-
-// The scan hands the search the candidates of its own walk of the home: the
-// same items, in the same order, as the search walking its folders itself,
-// wherever those folders lie (the home itself, under folders the walk doesn't
-// enter, outside home).
-TEST(Duplicados, LosCandidatosDelRecorridoDanLoMismo)
-{
-    CasaPrueba casa;
-    const fs::path home = casa.ruta("casa");
-    for (const char* ruta : {"Documents/a1", "Desktop/a2", "Documents/Pods/a3", "Documents/proy/node_modules/a4",
-                             "Library/Docs/a5", "Pods/a6", ".oculta/dl/a7", "Music/hondo/a8", "Documents/.a9"})
-        casa.archivo(std::string("casa/") + ruta, 200'000, 'a');
-    casa.archivo("fuera/a10", 200'000, 'a');
-    casa.archivoCon("casa/Documents/proy/package.json", "{}");
-    casa.archivo("casa/Pictures/duro1", 150'000, 'c');
-    casa.enlaceDuro("casa/Documents/duro2", "casa/Pictures/duro1");
-    for (const char* ruta : {"casa/Movies/b1", "casa/Library/Docs/b2", "casa/Downloads/b3"})
-        casa.archivo(ruta, 300'000, 'b');
-
-    using plataforma::Personal;
-    const std::vector<std::vector<std::pair<Personal, fs::path>>> disposiciones{
-        {},
-        {{Personal::escritorio, home}},
-        {{Personal::descargas, home / ".oculta/dl"}, {Personal::imagenes, casa.ruta("fuera")},
-         {Personal::videos, home / "Pods"}, {Personal::documentos, home / "Library/Docs"}},
-    };
-    const auto vistos = [](const std::vector<Elemento>& es) {
-        std::vector<std::tuple<fs::path, std::string, std::string, int64_t>> r;
-        for (const auto& e : es)
-            r.emplace_back(e.url, e.nombre, e.detalle.value_or(""), e.tamano);
-        return r;
-    };
-    for (size_t i = 0; i < disposiciones.size(); ++i) {
-        Escaner escaner(Entorno{home, true});
-        for (const auto& [p, ruta] : disposiciones[i])
-            escaner.personales.rutas[size_t(p)] = ruta;
-        const auto esperado = vistos(escaner.duplicados());
-        EXPECT_GE(esperado.size(), 2u) << i;
-        EXPECT_EQ(vistos(escaner.duplicados(escaner.recorrerCarpetaPersonal(std::nullopt).candidatos)), esperado) << i;
-    }
 }

@@ -3,6 +3,7 @@
 
 #include "apoyo/proceso.h"
 #include "nucleo/textos.h"
+#include "plataforma/archivos.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 #include <QTranslator>
 
 using namespace prueba;
+using namespace std::chrono_literals;
 
 TEST(Escaner, MinimoGrandeSoloEnModoPrueba)
 {
@@ -23,46 +25,6 @@ TEST(Escaner, MinimoGrandeSoloEnModoPrueba)
         EXPECT_EQ(prueba.minimoGrande(), esperado) << '"' << valor << '"';
         EXPECT_EQ(real.minimoGrande(), 250'000'000);
     }
-}
-
-// Apple's own, excluded names and .DS_Store give nothing; a name that isn't
-// UTF-8 is listed and measured like any other; a folder that can't be read
-// gives nothing; an empty or missing home gives no category.
-TEST(Escaner, HijosDeCachesYRegistros)
-{
-    CasaPrueba casa;
-    EXPECT_TRUE(escanear(casa.entorno()).empty());
-    EXPECT_TRUE(escanear(Entorno{casa.ruta("no/existe"), true}).empty());
-    const std::string raro = "cach\xe9-latin1";
-    for (const std::string n : {"org.bueno", "COM.APPLE.Safari", "com.apple.x", "Homebrew", "CloudKit", "pip",
-                                ".DS_Store", "com.applepie.y", raro.c_str()})
-        casa.archivo("Library/Caches/" + n + "/f", 100000);
-    casa.archivo("Library/Logs/.DS_Store", 100000);
-    casa.archivo("Library/Logs/crash.log", 100000);
-
-    const auto cats = escanear(casa.entorno());
-    const Categoria* apps = buscar(cats, "apps");
-    ASSERT_NE(apps, nullptr);
-    for (const auto& e : apps->elementos) {
-        EXPECT_TRUE(e.seleccionado && e.revisarUso) << e.nombre;
-        EXPECT_EQ(e.tamano, apoyo::du(e.url));
-    }
-    EXPECT_EQ(nombres(apps->elementos), (Nombres{"org.bueno", "com.applepie.y", raro}));
-    const Categoria* logs = buscar(cats, "logs");
-    ASSERT_NE(logs, nullptr);
-    ASSERT_EQ(logs->elementos.size(), 1u);
-    EXPECT_EQ(logs->elementos[0].nombre, "crash.log");
-    EXPECT_FALSE(logs->elementos[0].revisarUso);
-
-    // The driver measures on the parallel loop, which a forked child must not
-    // use; so the child looks at the listing stage alone.
-    casa.sinPermisos("Library/Caches");
-    EXPECT_TRUE(apoyo::comoUsuarioSinPrivilegios(casa.raiz(), [&] {
-        const Escaner esc(casa.entorno());
-        const auto todos = [](std::string_view) { return true; };
-        return esc.hijos(casa.ruta("Library/Caches"), nullptr, todos).empty() &&
-               esc.hijos(casa.ruta("Library/Logs"), nullptr, todos).size() == 1;
-    }));
 }
 
 TEST(Escaner, MarcarUsoQuitaSeleccionPeroNoLaPone)
@@ -82,11 +44,13 @@ TEST(Escaner, MarcarUsoQuitaSeleccionPeroNoLaPone)
     EXPECT_EQ(r[2].enUso, "VS Code"); // by the last path component
 }
 
-// A category root that is a link (into the user's documents here) gives no
-// items, and neither do base folders or roots of Flatpak and Snap that are.
-TEST(Escaner, RaizEnlazadaNoDaElementos)
+// A missing home gives no category; nor does a category root that is a link
+// (into the user's documents here), a base folder or a root of Flatpak and
+// Snap that is one.
+TEST(Escaner, CasaAusenteORaicesEnlazadasNoDanCategorias)
 {
     CasaPrueba casa;
+    EXPECT_TRUE(escanear(Entorno{casa.ruta("no/existe"), true}).empty());
     casa.archivo("Documents/tesis/capitulo1.pdf", 300000);
     for (const char* raiz : {"Library/Caches", "Library/Logs", "Library/Application Support", ".cache", ".config",
                              ".var/app", "snap"})
@@ -117,4 +81,68 @@ TEST(Escaner, CatalogoDeLinuxNoNombraElMac)
     EXPECT_FALSE(nombraMac());
     QCoreApplication::removeTranslator(&catalogo);
     EXPECT_EQ(idiomasDisponibles(), (std::vector<std::string>{"es", "en"}));
+}
+
+// One place (a link on the way included) stays in the earliest, safest
+// category; what lies inside another item goes whatever its category; paths
+// nest by whole components; items under 64 KiB and emptied categories go;
+// larger first, equal sizes in their order.
+TEST(Depurar, UnSitioUnaVezEnSuCategoriaMasSegura)
+{
+    CasaPrueba casa;
+    casa.crearDir("real/cache");
+    casa.enlace("atajo", casa.ruta("real"));
+    const Escaner esc(casa.entorno());
+    const auto el = [](const fs::path& p, int64_t t) { return Elemento{.url = p, .nombre = p.filename(), .tamano = t}; };
+    const auto r = Escaner::depurar({
+        esc.categoria("apps", {el("/h/a", 70000), el("/h/b", 90000), el("/h/foo", 70000), el("/h/foo-bar", 70000),
+                               el("/h/chico", 65535), el("/h/justo", 65536), el("/h/d", 90000),
+                               el(casa.ruta("real/cache"), 100000)}),
+        esc.categoria("dev", {el("/h/a", 100000), el("/h/e", 70000), el(casa.ruta("atajo/cache"), 100000)}),
+        esc.categoria("compilaciones", {el("/h/app/dist", 900000)}),
+        esc.categoria("grandes", {el("/h/app/dist/x.bin", 800000)}),
+        esc.categoria("logs", {el("/h/l", 65535)}),
+        esc.categoria("huerfanos", {el("/h/app", 2000000)}),
+    });
+    std::vector<std::pair<std::string, std::vector<std::string>>> vistas;
+    for (const auto& c : r) {
+        vistas.push_back({c.id, {}});
+        for (const auto& e : c.elementos)
+            vistas.back().second.push_back(e.nombre);
+    }
+    EXPECT_EQ(vistas, (decltype(vistas){{"apps", {"cache", "b", "d", "a", "foo", "foo-bar", "justo"}},
+                                        {"dev", {"e"}},
+                                        {"huerfanos", {"app"}}}));
+    EXPECT_TRUE(Escaner::depurar({}).empty());
+}
+
+// A birth time can't be set, so "now" moves instead: the entries are made
+// now and looked at from the future.
+TEST(DescargasAntiguas, SesentaDiasExactosPorFechaDeCreacion)
+{
+    CasaPrueba casa;
+    const auto zip = casa.archivo("Downloads/a.zip", 4096);
+    const auto creado = plataforma::fechaCreacion(zip);
+    if (!creado)
+        GTEST_SKIP() << "el sistema de archivos no guarda la fecha de creación";
+    // Made a moment later than a.zip.
+    casa.archivo("Downloads/proyecto/src/main.c", 10); // judged as one thing
+    casa.archivo("Downloads/.DS_Store", 10);
+    casa.fecha("Downloads/a.zip", *creado - 24h * 365); // the modification date plays no part
+
+    const Escaner esc(casa.entorno());
+    const auto limite = *creado + 24h * 60;
+    EXPECT_TRUE(esc.descargasAntiguas(limite - 1s).empty());
+    EXPECT_TRUE(esc.descargasAntiguas(limite).empty()); // strictly earlier only
+    const auto r = esc.descargasAntiguas(limite + 1s);
+    ASSERT_EQ(r.size(), 2u);
+    const Elemento& a = r[0].nombre == "a.zip" ? r[0] : r[1];
+    EXPECT_EQ((r[0].nombre == "a.zip" ? r[1] : r[0]).nombre, "proyecto");
+    EXPECT_EQ(a.url, zip);
+    // Aged from the creation date as seen from the given "now".
+    EXPECT_EQ(a.detalle, "descargado " + haceCuanto(*creado, limite + 1s, localeApp()));
+    EXPECT_FALSE(a.seleccionado);
+    EXPECT_EQ(a.tamano, 0);
+
+    EXPECT_TRUE(Escaner(Entorno{casa.ruta("sin-casa"), true}).descargasAntiguas(limite + 1s).empty());
 }

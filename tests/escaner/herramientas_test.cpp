@@ -99,7 +99,7 @@ TEST_F(Herramientas, Docker)
     }
 }
 
-TEST_F(Herramientas, Simuladores)
+TEST_F(Herramientas, SimuladoresYSimctl)
 {
     CasaPrueba casa;
     for (const char* d : {"W1", "A1", "A2"})
@@ -148,17 +148,14 @@ TEST_F(Herramientas, Simuladores)
         programas.push_back(programa(casa, "raro" + std::to_string(programas.size()), salida));
     for (const std::string& p : programas)
         EXPECT_TRUE(esc.simuladoresCon(p, 1).empty()) << p;
-}
 
-TEST_F(Herramientas, SimctlJuntoALaCarpetaDeXcode)
-{
-    CasaPrueba casa;
-    const auto simctl = guion(casa, "Developer/usr/bin/simctl", "");
+    // simctl is found beside the folder xcode-select names, when it can be run.
+    const auto junto = guion(casa, "Developer/usr/bin/simctl", "");
     const std::string carpeta = casa.ruta("Developer").string();
-    EXPECT_EQ(Escaner::buscarSimctl(programa(casa, "xcode-select", "  " + carpeta + "\n\n")), simctl);
+    EXPECT_EQ(Escaner::buscarSimctl(programa(casa, "xcode-select", "  " + carpeta + "\n\n")), junto);
     EXPECT_EQ(apoyo::leer(casa.ruta("xcode-select.args")), "-p\n");
-    EXPECT_EQ(Escaner::buscarSimctl(programa(casa, "falla", carpeta, 2)), std::nullopt);
+    EXPECT_EQ(Escaner::buscarSimctl(programa(casa, "falla-xcode", carpeta, 2)), std::nullopt);
     EXPECT_EQ(Escaner::buscarSimctl(programa(casa, "otra", casa.ruta("otra").string())), std::nullopt);
-    ::chmod(simctl.c_str(), 0644);
+    ::chmod(junto.c_str(), 0644);
     EXPECT_EQ(Escaner::buscarSimctl(programa(casa, "xcode-select", carpeta)), std::nullopt);
 }

@@ -197,14 +197,15 @@ TEST(Recorrido, GitYRepositorios)
     EXPECT_EQ(nombres(h.compilaciones), Nombres{"roto/dist"});
 }
 
-// What can't be read is left out without an error: projects, installers and
-// duplicates alike. The home is given as a link: the walk sees the same
+// What can't be read is left out without an error: projects, installers,
+// duplicates and a category's root alike. The home is given as a link: the walk sees the same
 // folder as every other stage, and the report names the folder itself.
 TEST(Recorrido, LoIlegibleDaMenosResultadosEnUnaCasaEnlazada)
 {
     CasaPrueba casa, otra;
     casa.archivo("Downloads/a.dmg", 200 * 4096);
     casa.archivo("Library/Caches/org.x/d", 300000);
+    casa.archivo("Library/Logs/cerrado.log", 300000);
     casa.archivo("cerrada/b.dmg", 200 * 4096);
     casa.archivoCon("cerrada/p/package.json", "{}");
     casa.archivo("cerrada/p/dist/x", 200 * 4096);
@@ -214,7 +215,7 @@ TEST(Recorrido, LoIlegibleDaMenosResultadosEnUnaCasaEnlazada)
         casa.archivo(n, 200'000, 'u');
     casa.archivo("Downloads/v1", 300'000, 'v');
     casa.archivo("Downloads/v2", 300'000, 'v');
-    for (const char* n : {"cerrada", "Documents/u3", "Documents/cerrada", "Downloads/v2"})
+    for (const char* n : {"cerrada", "Documents/u3", "Documents/cerrada", "Downloads/v2", "Library/Logs"})
         casa.sinPermisos(n);
     ::chmod(otra.raiz().c_str(), 0755);
     const auto s = apoyo::ejecutarVorlanoSinPrivilegios(otra.enlace("casa", casa.raiz()), {"--scan"});
@@ -222,7 +223,7 @@ TEST(Recorrido, LoIlegibleDaMenosResultadosEnUnaCasaEnlazada)
     EXPECT_TRUE(s.salida.starts_with("Carpeta: " + casa.raiz().string() + " (PRUEBA)\n")) << s.salida;
     for (const char* visto : {"a.dmg", "org.x", "abierta/dist"})
         EXPECT_NE(s.salida.find(visto), std::string::npos) << visto;
-    for (const char* oculto : {"b.dmg", "cerrada/p/dist", "v1"})
+    for (const char* oculto : {"b.dmg", "cerrada/p/dist", "v1", "cerrado.log"})
         EXPECT_EQ(s.salida.find(oculto), std::string::npos) << oculto;
     const size_t igual = s.salida.find("Igual a Documents/u");
     ASSERT_NE(igual, std::string::npos);
