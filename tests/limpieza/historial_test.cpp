@@ -13,7 +13,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <fstream>
 #include <random>
 
@@ -224,18 +223,4 @@ TEST(HistorialEscritura, MatarElProcesoNuncaDejaUnaMezcla)
             visto = r.back().borrado;
         }
     }
-    // What a killed writer left goes at the next write once it is old; a
-    // fresh one may be another writer's, under way.
-    const fs::path carpeta = p.archivo.parent_path();
-    std::ofstream(carpeta / ".historial.json.Zz99Yy") << "[";
-    for (const auto& e : fs::directory_iterator(carpeta))
-        if (e.path() != p.archivo)
-            p.casa.fecha(fs::relative(e.path(), p.casa.raiz()).string(), system_clock::now() - hours(2));
-    p.casa.archivoCon(fs::relative(carpeta / ".historial.json.Ab12Cd", p.casa.raiz()).string(), "[");
-    Historial(p.archivo).anotar(liberado(1), "limpieza");
-    std::vector<std::string> quedan;
-    for (const auto& e : fs::directory_iterator(carpeta))
-        quedan.push_back(e.path().filename().string());
-    std::sort(quedan.begin(), quedan.end());
-    EXPECT_EQ(quedan, (std::vector<std::string>{".historial.json.Ab12Cd", "historial.json"}));
 }
