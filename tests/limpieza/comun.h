@@ -7,6 +7,8 @@
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
 #include "limpieza/limpiador.h"
+#include "plataforma/borrado.h"
+#include "plataforma/papelera.h"
 
 #include <gtest/gtest.h>
 
@@ -62,6 +64,21 @@ struct Fuera {
     }
     ~Fuera() { apoyo::borrarArbol(raiz); }
     bool intacto() const { return apoyo::huellas(raiz) == antes; }
+};
+
+// A home in memory with its own Trash, and a folder outside it on the same
+// mount, so that only the refusal to cross links and mounts keeps a removal
+// out of it. Pauses a test sets in the removal are taken away at its end.
+class EnMemoria : public ::testing::Test {
+protected:
+    CasaPrueba casa{true};
+    Fuera fuera{true};
+    apoyo::Variable datos{"XDG_DATA_HOME", casa.ruta(".local/share").string()};
+    void TearDown() override
+    {
+        plataforma::pruebas::pausaTrasListar = nullptr;
+        plataforma::pruebas::pausaAntesDeMover = nullptr;
+    }
 };
 
 inline Resultado limpiar(const Entorno& entorno, std::vector<Categoria> cs, std::vector<std::string>* avisos = nullptr)

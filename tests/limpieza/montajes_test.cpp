@@ -5,9 +5,9 @@
 #include "limpieza/comun.h"
 
 #include "desinstalador/desinstalador.h"
-#include "plataforma/papelera.h"
 
 using namespace prueba;
+using Montajes = EnMemoria;
 
 namespace {
 
@@ -39,11 +39,8 @@ void desmontar(const fs::path& p)
 
 } // namespace
 
-TEST(Montajes, NingunaRetiradaCruzaUnPuntoDeMontaje)
+TEST_F(Montajes, NingunaRetiradaCruzaUnPuntoDeMontaje)
 {
-    CasaPrueba casa(true);
-    Fuera fuera(true);
-    apoyo::Variable datos("XDG_DATA_HOME", casa.ruta(".local/share").string());
     struct Caso {
         const char* montado; // where the folder outside is bound, below the home
         const char* item;
@@ -77,11 +74,8 @@ TEST(Montajes, NingunaRetiradaCruzaUnPuntoDeMontaje)
 // onto the folder above it and takes it away again, as fast as it can, while
 // the item is emptied, moved to the Trash, or goes as an uninstalled
 // application's leftover.
-TEST(Montajes, MontajesQueVanYVienen)
+TEST_F(Montajes, MontajesQueVanYVienen)
 {
-    CasaPrueba casa(true);
-    Fuera fuera(true);
-    apoyo::Variable datos("XDG_DATA_HOME", casa.ruta(".local/share").string());
     const fs::path sitios[] = {casa.ruta("Library/Caches/app"), casa.ruta("Library/Caches/app/sub")};
     conMontajes([&] {
         Rival rival([&](long i) {
