@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Folders swapped for symbolic links to a canary folder outside the home while
-// they are emptied or moved to the Trash never lead the cleaner or the
-// uninstaller into the canary.
+// they are emptied or moved to the Trash never lead a removal into the canary.
+// (The uninstaller moves its leftovers with the same call as the cleaner.)
 #include "limpieza/comun.h"
-
-#include "desinstalador/desinstalador.h"
 
 #include <chrono>
 
@@ -39,11 +37,6 @@ TEST_F(Carrera, CambiosAlAzar)
     const auto mover = [](CasaPrueba& casa) {
         limpiar(casa.entorno(), {categoria(Modo::papelera, {elemento(casa.ruta("Projects/web/sub"), "sub")})});
     };
-    const auto desinstalar = [](CasaPrueba& casa) {
-        const AppInstalada app{.url = casa.crearDir("Applications/Editor.app/Contents").parent_path(), .nombre = "Editor"};
-        Desinstalador(casa.entorno())
-            .desinstalar(app, {elemento(casa.ruta("Library/Application Support/Editor/sub"), "sub")});
-    };
     // Each round makes a tree in the second folder swapped, the item or inside it.
     const struct {
         std::array<const char*, 2> cambiadas;
@@ -51,7 +44,6 @@ TEST_F(Carrera, CambiosAlAzar)
     } casos[] = {
         {{"Library/Caches/app", "Library/Caches/app/sub"}, vaciar},
         {{"Projects/web", "Projects/web/sub"}, mover},
-        {{"Library/Application Support/Editor", "Library/Application Support/Editor/sub"}, desinstalar},
     };
     plataforma::pruebas::pausaTrasListar = [](const char*) { esperar(20); };
     plataforma::pruebas::pausaAntesDeMover = [] { esperar(20); };

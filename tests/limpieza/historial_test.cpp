@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The history: its file format, the cap, damaged files, the calendar of weeks
-// and months, and writes that fail or are cut short.
+// The history: its format, the cap, damaged files, weeks and months, and
+// writes that fail or are cut short.
 #include "limpieza/historial.h"
 
 #include "apoyo/casa.h"
@@ -135,14 +135,6 @@ TEST(Historial, ArchivoDanadoIlegibleOCarpetaEsHistorialVacio)
     fs::create_directories(fifo.archivo.parent_path());
     ASSERT_EQ(::mkfifo(fifo.archivo.c_str(), 0600), 0);
     EXPECT_EQ(fifo.abrir().total(), 0);
-
-    // A folder where the file should be: nothing read or written, the entry kept in memory.
-    const fs::path carpeta = p.casa.crearDir("carpeta/historial.json");
-    std::ofstream(carpeta / "dentro") << "x";
-    Historial enCarpeta(carpeta);
-    EXPECT_TRUE(enCarpeta.anotar(liberado(4), "limpieza"));
-    EXPECT_EQ(enCarpeta.total(), 4);
-    EXPECT_EQ(leer(carpeta / "dentro"), "x");
 
     // A folder the user may not write in: the old file stays, the memory has both.
     const fs::path archivo = p.casa.ruta("ajeno/historial.json");
