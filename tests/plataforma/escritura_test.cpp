@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Atomic writes: every step's failure is reported, and before the rename none
-// of them touches the old file. Failures are injected into a child run of this
-// same test through an LD_PRELOAD library.
+// Atomic writes: every step's failure, injected into a child run of this
+// test, is reported, and none before the rename touches the old file.
 #include "plataforma/escritura.h"
 
 #include "apoyo/casa.h"
