@@ -13,10 +13,13 @@
 #include <gtest/gtest.h>
 #include <plist/plist.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <regex>
 #include <set>
 #include <sstream>
+#include <vector>
 
 namespace fs = std::filesystem;
 

@@ -4,7 +4,10 @@
 // (The uninstaller moves its leftovers with the same call as the cleaner.)
 #include "limpieza/comun.h"
 
+#include <unistd.h>
+
 #include <chrono>
+#include <cstdio>
 
 using namespace prueba;
 using Carrera = EnMemoria;
