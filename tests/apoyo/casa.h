@@ -19,8 +19,7 @@ namespace fs = std::filesystem;
 
 class CasaPrueba {
 public:
-    // In memory (a tmpfs) where the system allows it: for tests that build
-    // thousands of small trees, whose files are each flushed to disk.
+    // In memory (a tmpfs) where the system allows it, for thousands of small trees.
     explicit CasaPrueba(bool enMemoria = false);
     ~CasaPrueba();
     CasaPrueba(const CasaPrueba&) = delete;
@@ -33,8 +32,7 @@ public:
 
     // Each creates its parents and returns the absolute path.
     fs::path crearDir(std::string_view relativa);
-    // `bytes` bytes of data: with 4 KiB blocks a multiple of 4096 is also its
-    // allocated size.
+    // `bytes` bytes of data, flushed, so that its allocated size is final.
     fs::path archivo(std::string_view relativa, int64_t bytes, char relleno = 'x');
     fs::path archivoCon(std::string_view relativa, std::string_view contenido);
     // `bytes` bytes allocated, never written (fallocate).
@@ -63,23 +61,20 @@ int64_t du(const fs::path& p);
 // The whole content of a file; empty if it can't be read.
 std::string leer(const fs::path& p);
 
-// Everything at and below the path, links not followed: relative path ("" for
-// the path itself) -> kind, mode and content. Equal maps: a tree untouched
-// byte for byte.
+// Relative path ("" for itself) -> kind, mode and content of everything at
+// and below the path, unfollowed: equal maps, a tree untouched byte for byte.
 std::map<std::string, std::string> huellas(const fs::path& raiz);
 
 // The Trash under a data home: original path -> name in files/, from the
 // .trashinfo files; one that isn't well formed fails the test.
 std::map<std::string, std::string> papelera(const fs::path& datos);
 
-// For a test program's main: a scratch home for the whole process, with HOME
-// and the XDG homes pointed into it, the program's own variables unset and the
-// language left to the source texts, so that no test writes into the real home
-// of the machine or depends on its user's language.
+// For a test program's main: HOME and the XDG homes in a scratch folder, the
+// program's own variables unset and the source texts' language, so that no
+// test touches the machine's real home or depends on its user's language.
 fs::path aislarProceso();
 
-// A unique scratch folder under the temporary folder, or in memory, and its
-// removal.
+// A unique scratch folder, in memory if asked, and its removal.
 fs::path carpetaTemporal(std::string_view prefijo, bool enMemoria = false);
 void borrarArbol(const fs::path& p);
 

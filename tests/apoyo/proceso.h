@@ -31,20 +31,19 @@ Salida ejecutarPrograma(const std::string& programa, const std::vector<std::stri
 Salida ejecutarVorlano(const std::filesystem::path& home, const std::vector<std::string>& argumentos,
                        std::map<std::string, std::optional<std::string>> entorno = {});
 
-// The same as the unprivileged user "nobody" when the tests run as root (root
-// ignores file modes); the home is made traversable for that user.
+// The same as "nobody" when the tests run as root (who ignores file modes);
+// the home is made traversable for that user.
 Salida ejecutarVorlanoSinPrivilegios(const std::filesystem::path& home, const std::vector<std::string>& argumentos,
                                      std::map<std::string, std::optional<std::string>> entorno = {});
 
 // f as "nobody" in a forked child when the tests run as root, else here; true
 // if f returned true. The folder is made traversable first. f must not use the
-// parallel loop or start threads.
+// parallel loop, whose workers stay in the parent.
 bool comoUsuarioSinPrivilegios(const std::filesystem::path& carpeta, const std::function<bool()>& f);
 
 // f in a forked child with a mount namespace of its own, so its mounts vanish
 // with it; f's result, or sinMontajes when the system allows no such namespace
-// (f may return it too when a mount is refused). f must not use the parallel
-// loop or start threads.
+// (f may return it too when a mount is refused). No parallel loop in f.
 inline constexpr int sinMontajes = 77;
 int conMontajesPropios(const std::function<int()>& f);
 
@@ -55,8 +54,8 @@ void conPilaPequena(const std::function<void()>& f);
 // The children of this process still present (alive or zombie), by pid.
 std::vector<int> hijosVivos();
 
-// Whether f is true, asked until it is or for 6 s: longer than the grace a
-// timed-out program gets before it is killed and reaped.
+// Whether f is true, asked until it is or for 6 s, longer than the grace of a
+// timed-out program.
 bool alFin(const std::function<bool()>& f);
 
 // Tests that leave no child of this process behind, alive or zombie.

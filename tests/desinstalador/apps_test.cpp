@@ -65,8 +65,8 @@ TEST(Apps, RecorridoFiltroYOrden)
         crearApp(casa.ruta(std::string("Applications/") + b + ".app"), id);
     crearApp(casa.ruta("Otras/Enlazada.app"), "com.ej.enlazada");
     casa.enlace("Applications/Enlace", casa.ruta("Otras"));
-    // Bundles that give no application: damaged, an array, a number for the
-    // identifier, none, cut, no plist, not a folder.
+    // No application: damaged, an array, a number or no identifier, cut, no
+    // plist, not a folder.
     const std::string xml = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<plist version=\"1.0\">\n";
     for (const auto& [bundle, contenido] : std::vector<std::pair<const char*, std::string>>{
              {"Basura", "\x01\x02 esto no es un plist"},

@@ -15,13 +15,10 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <map>
 #include <regex>
 #include <set>
 #include <sstream>
-#include <string>
 #include <vector>
 
 namespace fs = std::filesystem;
@@ -60,8 +57,8 @@ inline std::set<std::string> enPapelera()
     return r;
 }
 
-// A file with that content and the given mode; guion makes it a shell script
-// standing in for an outside program, entrada a desktop entry of an application.
+// A file with that content and mode: a shell script standing in for an
+// outside program, a desktop entry of an application.
 inline fs::path archivoModo(const fs::path& p, std::string_view contenido, fs::perms modo = fs::perms::owner_all)
 {
     fs::create_directories(p.parent_path());
@@ -78,10 +75,9 @@ inline fs::path entrada(const fs::path& p, std::string_view lineas)
     return archivoModo(p, "[Desktop Entry]\nType=Application\n" + std::string(lineas), fs::perms::owner_read | fs::perms::owner_write);
 }
 
-// A Flatpak application deployed as flatpak does it: app/<id>/x86_64/stable
-// with the active commit, its metadata, the deploy record holding the
-// version, an exported desktop entry with that name and an icon, and `bytes`
-// of files.
+// A Flatpak application as flatpak deploys it: the active commit with its
+// metadata, the deploy record holding the version, an exported desktop entry
+// and icon, and `bytes` of files.
 inline fs::path flatpak(const fs::path& instalacion, const std::string& id, const std::string& nombre,
                         const std::string& version, int64_t bytes)
 {
@@ -110,8 +106,8 @@ inline void snap(const fs::path& raiz, const fs::path& paquetes, const std::stri
     archivoModo(paquetes / (nombre + "_7.snap"), std::string(8192, 's'));
 }
 
-// The rows of the orphans' category in the terminal report of a scan of that
-// home, as "<mark> <name> — <detail>": the size column left out.
+// The orphans' rows of the terminal report of that home, as
+// "<mark> <name> — <detail>", sizes left out.
 inline std::set<std::string> huerfanosDelInforme(const fs::path& casa)
 {
     const std::string s = apoyo::ejecutarVorlano(casa, {"--scan"}).salida;
@@ -127,10 +123,9 @@ inline std::set<std::string> huerfanosDelInforme(const fs::path& casa)
     return r;
 }
 
-// A test-mode home (the stand-ins of outside programs are honoured in test
-// mode only) whose Trash starts empty. The system's desktop entries, Flatpak
-// installation and snaps are scratch folders under `sistema`, so nothing the
-// machine has installed leaks in.
+// A test-mode home (where the stand-ins of outside programs are honoured)
+// whose Trash starts empty; the system's entries, Flatpak installations and
+// snaps are scratch folders under `sistema`, so nothing installed leaks in.
 class CasaApps : public ::testing::Test {
 protected:
     apoyo::CasaPrueba casa, sistema;
@@ -143,8 +138,7 @@ protected:
     CasaApps()
     {
         apoyo::borrarArbol(plataforma::carpetaPapelera());
-        // One more installation of the system's, beside a damaged declaration
-        // and one whose folder isn't a full path.
+        // A declared installation, a damaged declaration and a relative one.
         sistema.archivoCon("etc/installations.d/extra.conf",
                            "[Installation \"extra\"]\nPath=" + sistema.ruta("extra").string() + "\n");
         sistema.archivoCon("etc/installations.d/roto.conf", "[Installation \"roto\"\nPath=/x\n\xff");

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Leftovers in a real Library of a scratch home: those of one application,
-// and those of applications that are gone.
+// Leftovers in a real Library: of one application, and of gone ones.
 #include "fixturas.h"
 
 #include <gmock/gmock.h>
@@ -72,9 +71,8 @@ TEST_F(Restos, CadaCarpetaConSuRegla)
     const auto es = Desinstalador(casa.entorno()).restos(app);
     EXPECT_EQ(hallados(es), esperado);
     EXPECT_EQ(es.size(), esperado.size()) << "ninguna ruta dos veces";
-    // Measured and named as found, links not followed: a link by its target
-    // below the home, or when dangling by its own name; a home reached
-    // through a link names the same.
+    // Measured unfollowed; a link named by its target below the home, or by
+    // its own name when dangling; a home reached through a link names the same.
     const auto porEnlace = Desinstalador(Entorno{casa.enlace("casa", casa.raiz()), true}).restos(app);
     ASSERT_EQ(porEnlace.size(), es.size());
     for (size_t i = 0; i < es.size(); ++i) {
@@ -85,8 +83,7 @@ TEST_F(Restos, CadaCarpetaConSuRegla)
         EXPECT_EQ(porEnlace[i].nombre, es[i].nombre);
     }
 
-    // Without an identifier only names find anything: an empty one would
-    // match every cookie and agent.
+    // Without an identifier only names count (an empty one matches everything).
     app.bundleID = "";
     EXPECT_EQ(hallados(Desinstalador(casa.entorno()).restos(app)),
               (std::map<std::string, std::string>{{"Library/Application Support/PINTOR", "Datos de la app"},
@@ -95,8 +92,8 @@ TEST_F(Restos, CadaCarpetaConSuRegla)
                                                   {"Library/Caches/Pintor Pro", "Cachés"},
                                                   {"Library/Logs/Pintor", "Registros"}}));
 
-    // Unreadable: a folder gives nothing and the others still count, for the
-    // orphans too; a match is still offered.
+    // An unreadable folder gives nothing, the others still count; an
+    // unreadable match is still offered.
     for (const char* c : {"Library/Application Support", "Library/Containers/com.foo.app"})
         casa.sinPermisos(c);
     std::erase_if(esperado, [](const auto& p) { return p.first.starts_with("Library/Application Support/"); });
@@ -147,9 +144,8 @@ TEST_F(Restos, HuerfanosQuienCuentaYSuInforme)
     esperado["COM.FOO.viejo"] = {"Library/Preferences/COM.FOO.viejo.plist"};
     EXPECT_EQ(huerfanos(), esperado);
 
-    // The terminal report offers them unselected, with their entries counted.
-    // (The program's own data home is this home's, where the entries and
-    // installations made above in the test's are not.)
+    // The report offers them unselected, counted. (The program's data home
+    // is this home's, without the entries made above in the test's.)
     const auto informe = huerfanosDelInforme(casa.raiz());
     EXPECT_THAT(informe, ::testing::IsSupersetOf(
                              {"[ ] net.foo.bar — 5 carpetas o archivos de una app que ya no está instalada",

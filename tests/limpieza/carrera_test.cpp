@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Folders swapped for symbolic links to a canary folder outside the home while
-// they are emptied or moved to the Trash, thousands of times, never lead the
-// cleaner or the uninstaller into the canary.
+// they are emptied or moved to the Trash never lead a removal into the canary.
+// (The uninstaller moves its leftovers with the same call as the cleaner.)
 #include "limpieza/comun.h"
 
-#include "desinstalador/desinstalador.h"
-#include "plataforma/borrado.h"
-#include "plataforma/papelera.h"
+#include <unistd.h>
 
 #include <chrono>
+#include <cstdio>
 
 using namespace prueba;
+using Carrera = EnMemoria;
 
 namespace {
 
@@ -25,26 +25,20 @@ void esperar(int microsegundos)
 
 } // namespace
 
-// The rival swaps each of two folders in turn for a link to the canary, for
-// 1 to 40 microseconds so that it doesn't keep step with the removal, whose
+// Thousands of rounds: the rival swaps each of two folders in turn, for 1 to
+// 40 microseconds so that it doesn't keep step with the removal, whose
 // windows (between listing an entry and removing it, between the checks and
 // the move) are widened by 20.
-TEST(Carrera, CambiosAlAzar)
+TEST_F(Carrera, CambiosAlAzar)
 {
     const auto vaciar = [](CasaPrueba& casa) {
         std::vector<std::string> errores;
         Limpiador(casa.entorno()).vaciar(casa.ruta("Library/Caches/app"), "app", errores);
     };
-    // The item is named as a folder of the canary, so that a move that
-    // follows a link on the way takes the canary's own.
+    // Named as a folder of the canary, so that a move that follows a link on
+    // the way takes the canary's own.
     const auto mover = [](CasaPrueba& casa) {
         limpiar(casa.entorno(), {categoria(Modo::papelera, {elemento(casa.ruta("Projects/web/sub"), "sub")})});
-    };
-    const auto desinstalar = [](CasaPrueba& casa) {
-        casa.crearDir("Applications/Editor.app/Contents");
-        const AppInstalada app{.url = casa.ruta("Applications/Editor.app"), .nombre = "Editor"};
-        Desinstalador(casa.entorno())
-            .desinstalar(app, {elemento(casa.ruta("Library/Application Support/Editor/sub"), "sub")});
     };
     // Each round makes a tree in the second folder swapped, the item or inside it.
     const struct {
@@ -53,24 +47,18 @@ TEST(Carrera, CambiosAlAzar)
     } casos[] = {
         {{"Library/Caches/app", "Library/Caches/app/sub"}, vaciar},
         {{"Projects/web", "Projects/web/sub"}, mover},
-        {{"Library/Application Support/Editor", "Library/Application Support/Editor/sub"}, desinstalar},
     };
     plataforma::pruebas::pausaTrasListar = [](const char*) { esperar(20); };
     plataforma::pruebas::pausaAntesDeMover = [] { esperar(20); };
     for (const auto& c : casos) {
-        // The canary shares the home's mount, so that only the refusal to
-        // follow links keeps the removal out of it.
-        Fuera canario(true);
-        CasaPrueba casa(true);
-        apoyo::Variable datos("XDG_DATA_HOME", casa.ruta(".local/share").string());
         std::string cambiada[2], real[2];
         for (int i = 0; i < 2; ++i) {
             cambiada[i] = casa.ruta(c.cambiadas[i]);
-            real[i] = fs::path(cambiada[i]).parent_path() / ("." + fs::path(cambiada[i]).filename().string() + "-real");
+            real[i] = cambiada[i] + "-real";
         }
         Rival rival([&](long i) {
             if (::rename(cambiada[i % 2].c_str(), real[i % 2].c_str()) == 0) {
-                ::symlink(canario.raiz.c_str(), cambiada[i % 2].c_str());
+                ::symlink(fuera.raiz.c_str(), cambiada[i % 2].c_str());
                 esperar(1 + int(i * 7919 % 40));
                 ::unlink(cambiada[i % 2].c_str());
                 ::rename(real[i % 2].c_str(), cambiada[i % 2].c_str());
@@ -82,32 +70,26 @@ TEST(Carrera, CambiosAlAzar)
                 casa.archivoCon(std::string(c.cambiadas[1]) + "/f" + std::to_string(i), "f");
             casa.archivoCon(std::string(c.cambiadas[1]) + "/hondo/h", "h");
             rival.durante([&] { c.actuar(casa); });
-            bien = canario.intacto() && !fs::is_symlink(cambiada[0]) && !fs::is_symlink(cambiada[1]);
+            bien = fuera.intacto() && !fs::is_symlink(cambiada[0]) && !fs::is_symlink(cambiada[1]);
             EXPECT_TRUE(bien) << c.cambiadas[1] << ", vuelta " << vuelta;
             plataforma::vaciarPapelera();
         }
     }
-    plataforma::pruebas::pausaTrasListar = nullptr;
-    plataforma::pruebas::pausaAntesDeMover = nullptr;
 }
 
-// The same swap made exactly in those windows: where the rounds above may
-// need hundreds of tries to hit one, these hit it every time.
-TEST(Carrera, CambioEnCadaVentana)
+// The same swap made exactly in those windows, which the rounds above may
+// need hundreds of tries to hit.
+TEST_F(Carrera, CambioEnCadaVentana)
 {
-    Fuera canario(true);
-    CasaPrueba casa(true);
-    apoyo::Variable datos("XDG_DATA_HOME", casa.ruta(".local/share").string());
-    // Static, for the pauses, which capture nothing: the folder to swap for a
-    // link to the canary, once.
-    static fs::path cambiar, canarioRaiz;
-    canarioRaiz = canario.raiz;
+    // Static, for the pauses, which capture nothing: the folder to swap, once.
+    static fs::path cambiar, canario;
+    canario = fuera.raiz;
     static const auto cambio = [] {
         if (cambiar.empty())
             return;
         const fs::path quien = std::exchange(cambiar, {});
         ::rename(quien.c_str(), (quien.parent_path() / ".real").c_str());
-        ::symlink(canarioRaiz.c_str(), quien.c_str());
+        ::symlink(canario.c_str(), quien.c_str());
     };
     plataforma::pruebas::pausaTrasListar = [](const char* nombre) {
         if (std::string_view(nombre) == "sub")
@@ -125,10 +107,8 @@ TEST(Carrera, CambioEnCadaVentana)
         cambiar = casa.ruta(cambiada);
         limpiar(casa.entorno(), {categoria(modo, {elemento(casa.ruta(item), "e")})});
         EXPECT_TRUE(cambiar.empty()) << cambiada << ": no hubo cambio";
-        EXPECT_TRUE(canario.intacto()) << cambiada;
+        EXPECT_TRUE(fuera.intacto()) << cambiada;
         apoyo::borrarArbol(casa.ruta("Library/Caches"));
         plataforma::vaciarPapelera();
     }
-    plataforma::pruebas::pausaTrasListar = nullptr;
-    plataforma::pruebas::pausaAntesDeMover = nullptr;
 }

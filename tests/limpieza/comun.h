@@ -7,20 +7,17 @@
 #include "apoyo/casa.h"
 #include "apoyo/proceso.h"
 #include "limpieza/limpiador.h"
+#include "plataforma/borrado.h"
+#include "plataforma/papelera.h"
 
 #include <gtest/gtest.h>
 
-#include <sys/mman.h>
 #include <sys/mount.h>
-#include <sys/prctl.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <atomic>
-#include <csignal>
 #include <fstream>
 #include <functional>
-#include <new>
+#include <thread>
 
 namespace prueba {
 
@@ -64,6 +61,21 @@ struct Fuera {
     bool intacto() const { return apoyo::huellas(raiz) == antes; }
 };
 
+// A home in memory with its own Trash, and a folder outside it on the same
+// mount, so that only the refusal to cross links and mounts keeps a removal
+// out of it. Pauses a test sets in the removal are taken away at its end.
+class EnMemoria : public ::testing::Test {
+protected:
+    CasaPrueba casa{true};
+    Fuera fuera{true};
+    apoyo::Variable datos{"XDG_DATA_HOME", casa.ruta(".local/share").string()};
+    void TearDown() override
+    {
+        plataforma::pruebas::pausaTrasListar = nullptr;
+        plataforma::pruebas::pausaAntesDeMover = nullptr;
+    }
+};
+
 inline Resultado limpiar(const Entorno& entorno, std::vector<Categoria> cs, std::vector<std::string>* avisos = nullptr)
 {
     return Limpiador(entorno).limpiar(std::move(cs), [&](const std::string& t) {
@@ -97,61 +109,41 @@ inline void montar(const fs::path& donde, const char* opciones = nullptr, const 
         std::_Exit(apoyo::sinMontajes);
 }
 
-// A process that calls cambio(0), cambio(1), ... as fast as it can while a
-// removal runs, and holds still between removals with all put back. cambio
-// must allocate nothing: the process is forked from a threaded one.
+// A thread that calls cambio(0), cambio(1), ... as fast as it can while a
+// removal runs, and holds still between removals with all put back.
 class Rival {
 public:
     explicit Rival(std::function<void(long)> cambio)
-        : c_(new (::mmap(nullptr, sizeof(Compartido), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
-                 Compartido)
+        : hilo_([this, cambio = std::move(cambio)] {
+              for (int e; (e = estado_) != fin;) {
+                  if (e == corre)
+                      cambio(cambios_++);
+                  else if (int p = pausa; !estado_.compare_exchange_strong(p, pausado))
+                      std::this_thread::yield();
+              }
+          })
     {
-        std::fflush(nullptr);
-        if ((pid_ = ::fork()) != 0)
-            return;
-        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-        for (;;) {
-            const int e = c_->estado;
-            if (e == fin)
-                ::_exit(0);
-            if (e == pausa)
-                c_->estado = pausado;
-            if (e == corre)
-                cambio(c_->cambios++);
-            else
-                ::sched_yield();
-        }
     }
-    ~Rival()
-    {
-        c_->estado = fin;
-        ::waitpid(pid_, nullptr, 0);
-        ::munmap(c_, sizeof(Compartido));
-    }
-    Rival(const Rival&) = delete;
-    Rival& operator=(const Rival&) = delete;
+    ~Rival() { estado_ = fin; }
 
     // f with the rival under way before it starts; back when the rival holds still.
     void durante(const std::function<void()>& f)
     {
-        const long antes = c_->cambios;
-        c_->estado = corre;
-        while (c_->cambios < antes + 2)
-            ::sched_yield();
+        const long antes = cambios_;
+        estado_ = corre;
+        while (cambios_ < antes + 2)
+            std::this_thread::yield();
         f();
-        c_->estado = pausa;
-        while (c_->estado != pausado)
-            ::sched_yield();
+        estado_ = pausa;
+        while (estado_ != pausado)
+            std::this_thread::yield();
     }
 
 private:
     enum { corre, pausa, pausado, fin };
-    struct Compartido {
-        std::atomic<int> estado{pausa};
-        std::atomic<long> cambios{0};
-    };
-    Compartido* c_;
-    pid_t pid_ = -1;
+    std::atomic<int> estado_{pausa};
+    std::atomic<long> cambios_{0};
+    std::jthread hilo_; // last: it starts once the rest exists
 };
 
 } // namespace prueba

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The history: its file format, the cap, damaged files, the calendar of weeks
-// and months, and writes that fail or are cut short.
+// The history: its format, the cap, damaged files, weeks and months, and
+// writes that fail or are cut short.
 #include "limpieza/historial.h"
 
 #include "apoyo/casa.h"
@@ -137,14 +137,6 @@ TEST(Historial, ArchivoDanadoIlegibleOCarpetaEsHistorialVacio)
     ASSERT_EQ(::mkfifo(fifo.archivo.c_str(), 0600), 0);
     EXPECT_EQ(fifo.abrir().total(), 0);
 
-    // A folder where the file should be: nothing read or written, the entry kept in memory.
-    const fs::path carpeta = p.casa.crearDir("carpeta/historial.json");
-    std::ofstream(carpeta / "dentro") << "x";
-    Historial enCarpeta(carpeta);
-    EXPECT_TRUE(enCarpeta.anotar(liberado(4), "limpieza"));
-    EXPECT_EQ(enCarpeta.total(), 4);
-    EXPECT_EQ(leer(carpeta / "dentro"), "x");
-
     // A folder the user may not write in: the old file stays, the memory has both.
     const fs::path archivo = p.casa.ruta("ajeno/historial.json");
     Historial(archivo).anotar(liberado(1), "limpieza");
@@ -224,18 +216,4 @@ TEST(HistorialEscritura, MatarElProcesoNuncaDejaUnaMezcla)
             visto = r.back().borrado;
         }
     }
-    // What a killed writer left goes at the next write once it is old; a
-    // fresh one may be another writer's, under way.
-    const fs::path carpeta = p.archivo.parent_path();
-    std::ofstream(carpeta / ".historial.json.Zz99Yy") << "[";
-    for (const auto& e : fs::directory_iterator(carpeta))
-        if (e.path() != p.archivo)
-            p.casa.fecha(fs::relative(e.path(), p.casa.raiz()).string(), system_clock::now() - hours(2));
-    p.casa.archivoCon(fs::relative(carpeta / ".historial.json.Ab12Cd", p.casa.raiz()).string(), "[");
-    Historial(p.archivo).anotar(liberado(1), "limpieza");
-    std::vector<std::string> quedan;
-    for (const auto& e : fs::directory_iterator(carpeta))
-        quedan.push_back(e.path().filename().string());
-    std::sort(quedan.begin(), quedan.end());
-    EXPECT_EQ(quedan, (std::vector<std::string>{".historial.json.Ab12Cd", "historial.json"}));
 }

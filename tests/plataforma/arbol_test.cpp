@@ -67,9 +67,8 @@ extern "C" ssize_t getdents64(int fd, void* buffer, size_t tamano) noexcept
     return real(fd, buffer, tamano);
 }
 
-// Each entry once, of its kind and level, with views and stat that agree with
-// the file system, however long the folder; each folder ends once, after all
-// it holds.
+// Each entry once, as find sees it, however long the folder; each folder
+// ends once, after all it holds.
 TEST(Arbol, CadaEntradaComoFindYCadaCarpetaTerminaTrasLoQueContiene)
 {
     CasaPrueba casa;
@@ -149,9 +148,8 @@ TEST(Arbol, PararEnCualquierEntradaYPodar)
     }
 }
 
-// A root given with slashes at its end, a file, a link, a missing path and
-// "/" itself; a folder that can't be opened, the root included, ends as
-// ilegible right after it is reported, and the walk goes on beside it.
+// Roots of every kind; a folder that can't be opened, the root included,
+// ends as ilegible right after it is reported, and the walk goes on beside it.
 TEST(Arbol, RaicesYCarpetasIlegibles)
 {
     CasaPrueba casa;

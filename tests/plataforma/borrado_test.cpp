@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Removal through directory descriptors: trees deep and wide, entries that
-// aren't files or folders, and paths that would climb out of the base; then
-// the home Trash of this test process (its data home is a scratch folder)
-// emptied with it.
+// Removal through directory descriptors, and the Trash of this test
+// process's scratch data home emptied with it.
 #include "plataforma/arbol.h"
 #include "plataforma/borrado.h"
 #include "plataforma/papelera.h"
@@ -27,8 +25,7 @@ using plataforma::Clase;
 TEST(Borrado, ArbolHondoYAnchoSeVaciaEnteroDesdeUnaBaseEnlazada)
 {
     CasaPrueba casa;
-    // The deepest folder that is still entered, at profundidadMaxima below
-    // the item, and one level more, which is not.
+    // The deepest folder still entered, and one level more, which is not.
     std::string hondo = "real/item/hondo";
     for (int i = 1; i < plataforma::profundidadMaxima; ++i)
         hondo += "/d";
@@ -52,9 +49,9 @@ TEST(Borrado, ArbolHondoYAnchoSeVaciaEnteroDesdeUnaBaseEnlazada)
         EXPECT_EQ(plataforma::examinar(base, otra), Clase::ausente) << otra;
 }
 
-// A chain of 10,000 nested folders (too long a path to make by name), walked
-// and emptied on a thread with a small stack, as worker threads have, and with
-// few descriptors left: a smaller result, never a crash.
+// 10,000 nested folders (too long a path to make by name), walked and
+// emptied on a small stack, as worker threads have, and with few descriptors
+// left: a smaller result, never a crash.
 TEST(Borrado, DiezMilCarpetasUnaDentroDeOtra)
 {
     CasaPrueba casa(true);
@@ -85,7 +82,6 @@ TEST(Borrado, DiezMilCarpetasUnaDentroDeOtra)
         r = hondoEIlegibles();
         v = plataforma::vaciar(casa.raiz(), "Library/Caches/hondo");
     };
-    // The folder at the limit is reported and not opened.
     apoyo::conPilaPequena(ambos);
     EXPECT_EQ(r, std::pair(plataforma::profundidadMaxima, std::vector{plataforma::profundidadMaxima}));
     EXPECT_EQ(v.clase, plataforma::Clase::carpeta);
@@ -151,8 +147,7 @@ TEST(Papelera, LoDeOtroUsuarioQuedaConSuTrashinfoYSeNombra)
     const fs::path papelera = plataforma::carpetaPapelera();
     ASSERT_TRUE(plataforma::moverAPapelera(casa.archivo("Ajena.app/Contents/x", 10).parent_path().parent_path()).movido);
     ASSERT_TRUE(plataforma::moverAPapelera(casa.archivoCon("propio", "x")).movido);
-    // The user is nobody; the folder moved with an administrator's password
-    // stays root's.
+    // The user is nobody; a folder moved with the administrator's password is root's.
     const fs::path home = std::getenv("HOME");
     const auto chown = [](const std::string& dueno, const fs::path& p) {
         return apoyo::ejecutarPrograma("/bin/chown", {"-R", dueno, p.string()}).estado == 0;

@@ -14,9 +14,6 @@
 #include <fstream>
 #include <thread>
 
-using namespace std::chrono_literals;
-using Reloj = std::chrono::steady_clock;
-
 namespace {
 
 std::optional<plataforma::SalidaPrograma> sh(const std::string& guion, double limite = 15)
@@ -92,11 +89,7 @@ TEST_F(Ejecutar, LimiteVencidoTerminaElGrupoEntero)
     // The handler writes with a builtin: a program started there could
     // outlast the grace on a busy machine and be killed first.
     const auto marca = casa.ruta("terminado");
-    const auto inicio = Reloj::now();
     EXPECT_FALSE(sh("trap ': > \"" + marca.string() + "\"; exit 0' TERM; sleep 30 & wait", 1));
-    const auto tardo = Reloj::now() - inicio;
-    EXPECT_GT(tardo, 900ms);
-    EXPECT_LT(tardo, 10s); // the answer didn't wait for the program
     EXPECT_TRUE(apoyo::alFin([&] { return std::filesystem::exists(marca); }));
 
     // A group deaf to the request is killed after the grace, grandchildren too.
@@ -108,8 +101,8 @@ TEST_F(Ejecutar, LimiteVencidoTerminaElGrupoEntero)
     EXPECT_TRUE(apoyo::alFin([&] { return !vivo(nieto) && !vivo(hijo); }));
 
     // The program ended but a descendant keeps the pipe: the status and the
-    // output come at the limit.
-    const auto r = sh("sleep 30 & echo hola", 1);
+    // output come at the limit, without what it writes later.
+    const auto r = sh("(sleep 20; echo tarde) & echo hola", 1);
     ASSERT_TRUE(r);
     EXPECT_EQ(r->codigo, 0);
     EXPECT_EQ(r->salida, "hola\n");

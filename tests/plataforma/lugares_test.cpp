@@ -35,9 +35,8 @@ TEST(Lugares, BasesDelEntorno)
     }
 }
 
-// user-dirs.dirs as a shell that sources it reads it; whatever leads out of
-// home, is home, or can't be understood keeps the English name. The file is
-// the one in the config home; one that is too big is no file.
+// user-dirs.dirs read as a shell would; what leads out of home, is home, or
+// can't be understood keeps the English name, as does a file too big.
 TEST(Lugares, CarpetasDeUserDirs)
 {
     const fs::path casa = "/home/ana";
