@@ -9,9 +9,7 @@
 #include "estado/comun.h"
 #include "estado/navegacion.h"
 
-#include <QCoreApplication>
 #include <QDBusPendingCallWatcher>
-#include <QTimer>
 
 using namespace std::chrono;
 
@@ -103,10 +101,7 @@ TEST(Avisos, PulsarAbreLaVentana)
     ASSERT_EQ(p.enviados(), 1u);
     p.servidor.pulsar(p.servidor.avisos()[0].numero + 7);
     p.servidor.pulsar(p.servidor.avisos()[0].numero);
-    QTimer fin;
-    fin.start(120'000);
-    while (abierta == 0 && fin.isActive())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    EXPECT_TRUE(hasta([&] { return abierta > 0; }));
     EXPECT_EQ(abierta, 1);
     Ventana::abrir = nullptr;
 }
