@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The application shell on the offscreen platform: links from other
-// processes, closing windows, the login item, and the whole program run as a
-// user would start it.
+// processes, closing windows, and the whole program run as a user would
+// start it.
 #include "app/vorlano_app.h"
 
 #include "apoyo/bus.h"
@@ -67,8 +67,7 @@ TEST(VorlanoApp, EnlacesDeOtrosProcesos)
     EXPECT_EQ(Navegacion::shared().tomar(), QString());
     EXPECT_EQ(abrir, 1);
 
-    for (const char* nada : {"vorlano://nada", "http://mapa", "vorlano:mapa", "vorlano://"})
-        enviar({nada});
+    enviar({"vorlano://nada"});
     enviar({"vorlano://limpieza", "vorlano://mapa"});
     EXPECT_EQ(llega(), QStringLiteral("limpieza"));
     enviar({"vorlano://resumen/" + std::string(10'000, 'x')});
@@ -139,25 +138,6 @@ TEST(VorlanoApp, CerrarVentanas)
     app.ajustes()->close();
     QCoreApplication::processEvents();
     EXPECT_EQ(salir.count(), 1);
-}
-
-// The login item is an autostart entry in the config home, written and
-// removed as the setting changes.
-TEST(VorlanoApp, InicioSesion)
-{
-    CasaPrueba casa;
-    Estado e(casa.entorno());
-    const auto entrada = std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "autostart/vorlano.desktop";
-    EXPECT_FALSE(e.abrirAlIniciar());
-    e.cambiarInicioSesion(true);
-    EXPECT_TRUE(e.abrirAlIniciar());
-    const std::string texto = apoyo::leer(entrada);
-    EXPECT_NE(texto.find("Exec=\"" + std::filesystem::read_symlink("/proc/self/exe").string() + "\"\n"),
-              std::string::npos)
-        << texto;
-    e.cambiarInicioSesion(false);
-    EXPECT_FALSE(e.abrirAlIniciar());
-    EXPECT_FALSE(std::filesystem::exists(entrada));
 }
 
 // The program as a user starts it: it stays up, warns once about 5 seconds

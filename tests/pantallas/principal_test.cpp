@@ -107,8 +107,8 @@ TEST(Principal, EnIngles)
 // it (the tray item off) shows that the file was read. The welcome comes up
 // and "Empezar" stores that it was seen; in the settings window, "Nunca"
 // stores 0, another choice its gigabytes, a stored value that isn't a
-// choice shows as it is, the switch stores its state, and "see it again"
-// brings the welcome back.
+// choice shows as it is, the switches store their state, and "see it
+// again" brings the welcome back.
 TEST(PantallaAjustes, BienvenidaYAjustes)
 {
     VentanaPrueba v(std::nullopt, [](apoyo::CasaPrueba&) {
@@ -143,6 +143,16 @@ TEST(PantallaAjustes, BienvenidaYAjustes)
     v.pulsar("barraMenu");
     EXPECT_TRUE(p.conBarraMenu());
     EXPECT_TRUE(v.leer("barraMenu", "checked").toBool());
+    // The login switch shows what the system holds: an autostart entry that
+    // starts this very program.
+    const auto entrada = std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "autostart/vorlano.desktop";
+    for (const bool activo : {true, false}) {
+        v.pulsar("inicioSesion");
+        EXPECT_EQ(v.leer("inicioSesion", "checked").toBool(), activo);
+        EXPECT_EQ(apoyo::leer(entrada).find("Exec=\"" + std::filesystem::read_symlink("/proc/self/exe").string() + "\"\n") !=
+                      std::string::npos,
+                  activo);
+    }
     // Outside a sandbox the home is fully ours.
     EXPECT_TRUE(v.visible("activado"));
     EXPECT_FALSE(v.texto("version").empty());
