@@ -54,18 +54,18 @@ TEST(AnfitrionWidget, RedibujaYAbreEnlaces)
         EXPECT_TRUE(esperar(refrescos, i)) << i;
     }
 
-    // A click on the map button hands vorlano://mapa to the program.
-    QQuickItem* boton = buscar(v.rootObject(), QStringLiteral("vorlano://mapa"));
-    ASSERT_NE(boton, nullptr);
-    QTest::mouseClick(&v, Qt::LeftButton, {}, boton->mapToScene(QPointF(boton->width() / 2, boton->height() / 2)).toPoint());
-    ASSERT_TRUE(esperar(recibidos, 1));
-    EXPECT_EQ(recibidos.at(0).at(0).toStringList(), QStringList{QStringLiteral("vorlano://mapa")});
-    // And one on the ring, the summary.
-    QQuickItem* anillo = buscar(v.rootObject(), QStringLiteral("anilloResumen"));
-    ASSERT_NE(anillo, nullptr);
-    QTest::mouseClick(&v, Qt::LeftButton, {}, anillo->mapToScene(QPointF(anillo->width() / 2, anillo->height() / 2)).toPoint());
-    ASSERT_TRUE(esperar(recibidos, 2));
-    EXPECT_EQ(recibidos.at(1).at(0).toStringList(), QStringList{QStringLiteral("vorlano://resumen")});
+    // A click on the map button hands vorlano://mapa to the program, and one
+    // on the ring the summary.
+    const std::pair<const char*, const char*> controles[] = {{"vorlano://mapa", "vorlano://mapa"},
+                                                             {"anilloResumen", "vorlano://resumen"}};
+    int clics = 0;
+    for (const auto& [nombre, enlace] : controles) {
+        QQuickItem* control = buscar(v.rootObject(), QLatin1String(nombre));
+        ASSERT_NE(control, nullptr) << nombre;
+        QTest::mouseClick(&v, Qt::LeftButton, {}, control->mapToScene(QPointF(control->width() / 2, control->height() / 2)).toPoint());
+        ASSERT_TRUE(esperar(recibidos, ++clics));
+        EXPECT_EQ(recibidos.last().at(0).toStringList(), QStringList{QLatin1String(enlace)});
+    }
     EXPECT_EQ(refrescos.count(), 3);
 }
 
