@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The cleaning list and the summary, driven through the window over a
-// scratch home: what each state shows, the category checkbox beside an open
-// application, and a cleaning from the first click to the files gone from
-// disk, the banner and the history.
+// scratch home.
 #include "pantallas/comun.h"
 
 #include "desinstalador/fixturas.h"
@@ -64,11 +62,9 @@ std::set<std::string> unidades(VentanaPrueba& v)
 
 } // namespace
 
-// Before, during and after an analysis that finds nothing, then one that
-// finds only what to review: the invitation, the progress in both sections
-// and a late progress text that changes nothing, "Todo limpio" without
-// footer or cards, and the green header alone with the footer's button off
-// at 0; the summary's cards, whose action unfolds only their category.
+// Before, during and after an analysis that finds nothing (a late progress
+// text changes nothing), then one that finds only what to review; the
+// summary's cards, whose action unfolds only their category.
 TEST(PantallaLimpieza, EstadosDeLaSeccion)
 {
     apoyo::Variable grande("VORLANO_GRANDE_MB", "1");
@@ -138,11 +134,10 @@ TEST(PantallaLimpieza, EstadosDeLaSeccion)
     EXPECT_EQ(v.seccion(), "mapa");
 }
 
-// The caches of an application that opens after the analysis: "Limpiar"
-// finds it open, its two caches stay ticked and the question names it once;
-// the rows that name it, the category checkbox that never ticks them and
-// clears one ticked by hand, the split that stays while ticking, the
-// question's three paragraphs, and a category whose every item is in use.
+// An application that opens after the analysis: "Limpiar" finds it and
+// names it once for its two caches, which stay ticked. The category checkbox
+// never ticks what is in use and clears it when ticked by hand; the split
+// stays while ticking; then a category whose every item is in use.
 TEST(PantallaLimpieza, CasillaYAppsAbiertas)
 {
     apoyo::Variable grande("VORLANO_GRANDE_MB", "1");
@@ -228,14 +223,10 @@ TEST(PantallaLimpieza, CasillaYAppsAbiertas)
     EXPECT_EQ(v.textoEn("tarjeta-apps", "estadoTarjeta"), "En uso por apps abiertas");
 }
 
-// From the first click to the disk, over a history written by someone else
-// (an entry two years ahead and one eight years old, which count in the
-// total only): one row unticked and one ticked, the question accepted; the
-// ticked items went, emptied in place or to the Trash by their category, a
-// path swapped for a link is refused; the banner and the history card show
-// what was freed, the chart's axis turns to gigabytes, the refusal sits
-// behind the banner's link, and a Trash that can't be emptied says so in red
-// until it can.
+// From the first click to the disk, the banner and the history card, over
+// a history written by someone else (entries two years ahead and eight years
+// old count in the total only); then a Trash that can't be emptied, until it
+// can.
 TEST(PantallaLimpieza, DeLaVentanaAlDisco)
 {
     apoyo::Variable grande("VORLANO_GRANDE_MB", "1");
@@ -338,10 +329,8 @@ TEST(PantallaLimpieza, DeLaVentanaAlDisco)
     EXPECT_EQ(unidades(v), std::set<std::string>{"GB"});
     pantallas::capturar(v.ventana(), "resumen-historial");
 
-    // A file the system won't let go of keeps the Trash from emptying and
-    // its line on, and says so in red; what the cleaning sent there is gone
-    // all the same. Once it lets go, the line goes too; what was deleted
-    // stays on the banner.
+    // A file the system won't let go of keeps the Trash line on, in red;
+    // what the cleaning sent there is gone all the same.
     const fs::path fijo = plataforma::carpetaPapelera() / "files/fijo";
     std::ofstream(fijo) << "x";
     const bool inmutable = apoyo::ejecutarPrograma("/usr/bin/chattr", {"+i", fijo.string()}).estado == 0;
@@ -370,10 +359,8 @@ TEST(PantallaLimpieza, DeLaVentanaAlDisco)
     EXPECT_EQ(v.texto("lineaResultado"), linea);
 }
 
-// A category of 5,000 items unfolds as rows made only for what is on
-// screen, scrolls to its last item and ticks it; a name that isn't UTF-8
-// and one of 255 bytes show among them, and the first is shown in the file
-// manager by its own bytes.
+// 5,000 items unfold as rows made only for what is on screen; the last is
+// ticked; odd names show, and reach the file manager as their own bytes.
 TEST(PantallaLimpieza, MilesDeElementos)
 {
     constexpr int n = 5000;

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The map section of the window over a scratch home: its pages, selecting
-// and entering tiles, the crumbs, the lock, moves to the Trash redrawn
-// without measuring again; and the tiles' labels by size.
+// The map section of the window over a scratch home, and the tiles' labels.
 #include "pantallas/comun.h"
 
 #include "estado/estado_mapa.h"

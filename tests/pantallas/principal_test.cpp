@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window as a whole: its sections, the sidebar, the links it
-// serves, the welcome, the settings window beside it, and the icon table
-// every screen draws with.
+// The main window as a whole, the settings window, and the icon table.
 #include "pantallas/comun.h"
 
 #include "escaner/escaner.h"
@@ -102,13 +100,9 @@ TEST(Principal, EnIngles)
     QCoreApplication::removeTranslator(&ingles);
 }
 
-// A settings file nobody sane wrote: a value that means nothing counts as
-// its default (the welcome not seen, 20 GB), while the one sensible value in
-// it (the tray item off) shows that the file was read. The welcome comes up
-// and "Empezar" stores that it was seen; in the settings window, "Nunca"
-// stores 0, another choice its gigabytes, a stored value that isn't a
-// choice shows as it is, the switches store their state, and "see it
-// again" brings the welcome back.
+// A damaged settings file: values that mean nothing count as defaults (the
+// welcome not seen, 20 GB), the sensible one (tray item off) is read. Then
+// each control of the welcome and the settings window stores what it shows.
 TEST(PantallaAjustes, BienvenidaYAjustes)
 {
     VentanaPrueba v(std::nullopt, [](apoyo::CasaPrueba&) {
