@@ -74,15 +74,10 @@ TEST(VorlanoApp, EnlacesDeOtrosProcesos)
     EXPECT_EQ(llega(), QStringLiteral("resumen"));
     EXPECT_EQ(abrir, 3);
 
-    // A start without links shows the window, which then serves "analizar"
-    // by starting an analysis.
+    // A start without links shows the window.
     enviar({});
     ASSERT_TRUE(hasta([&] { return app.ventana() != nullptr && app.ventana()->isVisible(); }));
     EXPECT_TRUE(app.ventana()->objectName().startsWith(QStringLiteral("principal")));
-    enviar({"vorlano://analizar"});
-    ASSERT_TRUE(esperar(&app.estado(), &Estado::analisisTerminado));
-    EXPECT_EQ(app.estado().analisisID(), 1);
-    EXPECT_FALSE(Navegacion::shared().pendiente());
     Ventana::abrir = nullptr;
 }
 

@@ -157,8 +157,9 @@ TEST(PantallaMapa, EtiquetasSegunElTamano)
     for (int i = 0; i < 60; ++i)
         casa.reservado("Iguales/" + std::to_string(100 + i), 100'000);
     EstadoMapa mapa(casa.entorno());
+    QSignalSpy medido(&mapa, &EstadoMapa::medicionTerminada);
     mapa.medir();
-    ASSERT_TRUE(esperar(&mapa, &EstadoMapa::medicionTerminada));
+    ASSERT_TRUE(esperar(medido));
     mapa.entrar(Nodo(hijo(mapa.raiz(), "Iguales")));
     ModeloBaldosas baldosas;
     baldosas.ponerEstado(&mapa);
