@@ -39,14 +39,28 @@ TEST(Iconos, TablaCompleta)
     EXPECT_TRUE(fuente.supportsCharacter(QChar(glifoDe("no.existe"))));
 }
 
-// The sections by the sidebar with the window's title, the test-mode mark
-// and the disk line; then links: each shows its section, "analizar" starts
-// an analysis only when none runs, "mapa" starts measuring.
-TEST(Principal, SeccionesYEnlaces)
+// A damaged settings file: values that mean nothing count as defaults (the
+// welcome not seen, 20 GB), the sensible one (tray item off) is read. The
+// welcome, then the sections by the sidebar with the window's title, the
+// test-mode mark and the disk line; links: each shows its section,
+// "analizar" starts an analysis only when none runs, "mapa" starts
+// measuring. Then each control of the settings window stores what it shows.
+TEST(Principal, BienvenidaSeccionesEnlacesYAjustes)
 {
-    VentanaPrueba v;
+    VentanaPrueba v(std::nullopt, [](apoyo::CasaPrueba&) {
+        const std::filesystem::path conf = std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "Vorlano/Vorlano.conf";
+        std::filesystem::create_directories(conf.parent_path());
+        std::ofstream(conf) << "[General]\nbarraMenu=false\navisoGB=muchos\nbienvenidaVista=7\n\x01\xff=\x02\n[[roto\n=\n";
+    });
+    Preferencias& p = Preferencias::shared();
+    ASSERT_TRUE(hasta([&] { return v.visible("bienvenida"); }));
+    v.asentar(300);
+    pantallas::capturar(v.ventana(), "bienvenida");
+    v.pulsar("empezar");
+    EXPECT_TRUE(p.bienvenidaVista());
+    EXPECT_TRUE(hasta([&] { return !v.visible("bienvenida"); }));
+
     EXPECT_EQ(v.ventana()->title().toStdString(), "Resumen");
-    EXPECT_FALSE(v.visible("bienvenida"));
     EXPECT_TRUE(v.visible("modoPrueba"));
     EXPECT_EQ(v.texto("libres"), formatoBytes(v.estado().libre()) + " libres de " + formatoBytes(v.estado().total()));
     EXPECT_FALSE(v.visible("insignia"));
@@ -80,43 +94,6 @@ TEST(Principal, SeccionesYEnlaces)
     EXPECT_TRUE(v.leer("mapa", "estado").value<QObject*>()->property("midiendo").toBool());
     Navegacion::shared().ir(Enlace::desinstalar);
     EXPECT_EQ(v.seccion(), "desinstalar");
-}
-
-// With the English catalogue installed, the window and the texts computed
-// in C++ for it speak English.
-TEST(Principal, EnIngles)
-{
-    QTranslator ingles;
-    ASSERT_TRUE(ingles.load(QStringLiteral("vorlano_en"), QStringLiteral(":/i18n")));
-    QCoreApplication::installTranslator(&ingles);
-    {
-        VentanaPrueba v;
-        EXPECT_EQ(v.ventana()->title().toStdString(), "Overview");
-        EXPECT_EQ(v.texto("libres"), formatoBytes(v.estado().libre()) + " free of " + formatoBytes(v.estado().total()));
-        pantallas::capturar(v.ventana(), "ingles");
-        v.pulsar("seccion-mapa");
-        EXPECT_EQ(v.ventana()->title().toStdString(), "Disk map");
-    }
-    QCoreApplication::removeTranslator(&ingles);
-}
-
-// A damaged settings file: values that mean nothing count as defaults (the
-// welcome not seen, 20 GB), the sensible one (tray item off) is read. Then
-// each control of the welcome and the settings window stores what it shows.
-TEST(PantallaAjustes, BienvenidaYAjustes)
-{
-    VentanaPrueba v(std::nullopt, [](apoyo::CasaPrueba&) {
-        const std::filesystem::path conf = std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "Vorlano/Vorlano.conf";
-        std::filesystem::create_directories(conf.parent_path());
-        std::ofstream(conf) << "[General]\nbarraMenu=false\navisoGB=muchos\nbienvenidaVista=7\n\x01\xff=\x02\n[[roto\n=\n";
-    });
-    Preferencias& p = Preferencias::shared();
-    ASSERT_TRUE(hasta([&] { return v.visible("bienvenida"); }));
-    v.asentar(300);
-    pantallas::capturar(v.ventana(), "bienvenida");
-    v.pulsar("empezar");
-    EXPECT_TRUE(p.bienvenidaVista());
-    EXPECT_TRUE(hasta([&] { return !v.visible("bienvenida"); }));
 
     v.app().abrirAjustes();
     ASSERT_NE(v.app().ajustes(), nullptr);
@@ -154,4 +131,22 @@ TEST(PantallaAjustes, BienvenidaYAjustes)
     v.pulsar("verBienvenida");
     EXPECT_FALSE(p.bienvenidaVista());
     EXPECT_TRUE(hasta([&] { return v.visible("bienvenida"); }));
+}
+
+// With the English catalogue installed, the window and the texts computed
+// in C++ for it speak English.
+TEST(Principal, EnIngles)
+{
+    QTranslator ingles;
+    ASSERT_TRUE(ingles.load(QStringLiteral("vorlano_en"), QStringLiteral(":/i18n")));
+    QCoreApplication::installTranslator(&ingles);
+    {
+        VentanaPrueba v;
+        EXPECT_EQ(v.ventana()->title().toStdString(), "Overview");
+        EXPECT_EQ(v.texto("libres"), formatoBytes(v.estado().libre()) + " free of " + formatoBytes(v.estado().total()));
+        pantallas::capturar(v.ventana(), "ingles");
+        v.pulsar("seccion-mapa");
+        EXPECT_EQ(v.ventana()->title().toStdString(), "Disk map");
+    }
+    QCoreApplication::removeTranslator(&ingles);
 }
