@@ -24,15 +24,10 @@ Categoria categoria(std::vector<Elemento> elementos)
     return c;
 }
 
-AppInstalada app(TipoApp tipo, bool deRoot = false)
+AppInstalada app(TipoApp tipo, bool deRoot = false, std::string id = {}, std::string version = {})
 {
-    AppInstalada a;
-    a.url = "/x/Editor.app";
-    a.nombre = "Editor";
-    a.tamano = 1'000'000;
-    a.tipo = tipo;
-    a.deRoot = deRoot;
-    return a;
+    return {.url = "/x/Editor.app", .nombre = "Editor", .bundleID = std::move(id), .version = std::move(version),
+            .deRoot = deRoot, .tamano = 1'000'000, .tipo = tipo};
 }
 
 std::vector<Elemento> restos(std::initializer_list<std::pair<int64_t, bool>> filas)
@@ -170,12 +165,8 @@ TEST(TextosApps, ConfirmacionNotaYExito)
     EXPECT_EQ(tituloConfirmacion(app(TipoApp::bundle)), "¿Desinstalar Editor?");
     EXPECT_EQ(tituloConfirmacion(std::nullopt), "¿Desinstalar ?");
 
-    for (const auto& [version, id, esperado] : {std::tuple{"", "", ""}, {"", "org.p", "org.p"}, {"2.1", "org.p", "2.1 · org.p"}, {"2.1", "", "2.1"}}) {
-        AppInstalada a = app(TipoApp::bundle);
-        a.version = version;
-        a.bundleID = id;
-        EXPECT_EQ(encabezado(a), esperado);
-    }
+    for (const auto& [version, id, esperado] : {std::tuple{"", "", ""}, {"", "org.p", "org.p"}, {"2.1", "org.p", "2.1 · org.p"}, {"2.1", "", "2.1"}})
+        EXPECT_EQ(encabezado(app(TipoApp::bundle, false, id, version)), esperado);
     EXPECT_EQ(tituloExito("Editor", Resultado{.enPapelera = 5}), "Editor está en la Papelera");
     EXPECT_EQ(detalleExito(Resultado{.enPapelera = 3'000'000}),
               "Movido a la Papelera: 3 MB. Si te arrepientes, puedes recuperarla desde ahí.");
