@@ -121,7 +121,8 @@ public:
 
     QString texto(const char* nombre) const
     {
-        return ::buscar(ventana_.contentItem(), QLatin1String(nombre))->property("text").toString();
+        const QQuickItem* i = ::buscar(ventana_.contentItem(), QLatin1String(nombre));
+        return i != nullptr ? i->property("text").toString() : QString();
     }
     bool visible(const char* nombre) const
     {
