@@ -62,12 +62,10 @@ std::set<std::string> unidades(VentanaPrueba& v)
 
 } // namespace
 
-// Before, during and after an analysis that finds nothing (a late progress
-// text changes nothing), then one that finds only what to review; the
-// summary's cards, whose action unfolds only their category.
+// Before, during and after an analysis that finds nothing; a late progress
+// text changes nothing.
 TEST(PantallaLimpieza, EstadosDeLaSeccion)
 {
-    apoyo::Variable grande("VORLANO_GRANDE_MB", "1");
     VentanaPrueba v;
     EXPECT_FALSE(v.visible("tituloTarjetas"));
     EXPECT_FALSE(v.visible("historial"));
@@ -106,38 +104,13 @@ TEST(PantallaLimpieza, EstadosDeLaSeccion)
     EXPECT_FALSE(v.visible("lista"));
     EXPECT_FALSE(v.visible("pie"));
     pantallas::capturar(v.ventana(), "limpieza-todo-limpio");
-
-    v.casa.reservado("Documents/grande.bin", 3'000'000);
-    v.pulsar("volverAnalizar");
-    ASSERT_TRUE(esperar(fin, 2));
-    v.asentar();
-    EXPECT_TRUE(v.visible("cabecera-otrasSolas"));
-    EXPECT_EQ(v.buscar("cabecera-listas"), nullptr);
-    EXPECT_TRUE(v.visible("pie"));
-    EXPECT_FALSE(v.leer("limpiar", "enabled").toBool());
-    v.pulsar("limpiar");
-    EXPECT_FALSE(v.visible("confirmar"));
-
-    v.pulsar("seccion-resumen");
-    v.asentar(900);
-    EXPECT_TRUE(v.visible("tituloTarjetas"));
-    EXPECT_TRUE(v.visible("acceso-mapa"));
-    EXPECT_TRUE(v.visible("acceso-desinstalar"));
-    EXPECT_EQ(v.textoEn("tarjeta-grandes", "estadoTarjeta"), "Sin marcar");
-    pantallas::capturar(v.ventana(), "resumen-tarjetas");
-    v.ventana()->setProperty("abiertas", QStringList{QStringLiteral("logs")});
-    v.pulsar("tarjeta-grandes");
-    EXPECT_EQ(v.seccion(), "limpieza");
-    EXPECT_EQ(v.ventana()->property("abiertas").toStringList(), (QStringList{QStringLiteral("logs"), QStringLiteral("grandes")}));
-    v.pulsar("seccion-resumen");
-    v.pulsar("acceso-mapa");
-    EXPECT_EQ(v.seccion(), "mapa");
 }
 
 // An application that opens after the analysis: "Limpiar" finds it and
 // names it once for its two caches, which stay ticked. The category checkbox
 // never ticks what is in use and clears it when ticked by hand; the split
-// stays while ticking; then a category whose every item is in use.
+// stays while ticking; then a category whose every item is in use, and the
+// summary's cards.
 TEST(PantallaLimpieza, CasillaYAppsAbiertas)
 {
     apoyo::Variable grande("VORLANO_GRANDE_MB", "1");
@@ -212,15 +185,38 @@ TEST(PantallaLimpieza, CasillaYAppsAbiertas)
     EXPECT_EQ(marca(v, "categoria-apps"), 0);
     EXPECT_TRUE(e.appsAbiertasSeleccionadas().empty());
 
-    // Only its caches left: the whole category is in use and stays unticked.
+    // Only its caches left: nothing is suggested, the whole category is in
+    // use and stays unticked, and the footer's button is off at 0.
     apoyo::borrarArbol(v.casa.ruta("Library/Caches/otra.cosa"));
-    v.analizar();
+    QSignalSpy fin(&v.estado(), &Estado::analisisTerminado);
+    v.pulsar("volverAnalizar");
+    ASSERT_TRUE(esperar(fin));
+    v.asentar();
     EXPECT_TRUE(v.visible("cabecera-otrasSolas"));
+    EXPECT_EQ(v.buscar("cabecera-listas"), nullptr);
     EXPECT_EQ(v.textoEn("categoria-apps", "linea"), "En uso por Pincel Prueba. Ciérrala y vuelve a analizar para limpiarlo.");
     v.pulsar(v.buscar("categoria-apps", "casillaCategoria"));
     EXPECT_EQ(marca(v, "categoria-apps"), 0);
+    EXPECT_TRUE(v.visible("pie"));
+    EXPECT_FALSE(v.leer("limpiar", "enabled").toBool());
+    v.pulsar("limpiar");
+    EXPECT_FALSE(v.visible("confirmar"));
+
+    // The summary's cards; a card's action unfolds only its category.
     v.pulsar("seccion-resumen");
+    v.asentar(900);
+    EXPECT_TRUE(v.visible("tituloTarjetas"));
+    EXPECT_TRUE(v.visible("acceso-desinstalar"));
     EXPECT_EQ(v.textoEn("tarjeta-apps", "estadoTarjeta"), "En uso por apps abiertas");
+    EXPECT_EQ(v.textoEn("tarjeta-grandes", "estadoTarjeta"), "Sin marcar");
+    pantallas::capturar(v.ventana(), "resumen-tarjetas");
+    v.ventana()->setProperty("abiertas", QStringList{QStringLiteral("logs")});
+    v.pulsar("tarjeta-grandes");
+    EXPECT_EQ(v.seccion(), "limpieza");
+    EXPECT_EQ(v.ventana()->property("abiertas").toStringList(), (QStringList{QStringLiteral("logs"), QStringLiteral("grandes")}));
+    v.pulsar("seccion-resumen");
+    v.pulsar("acceso-mapa");
+    EXPECT_EQ(v.seccion(), "mapa");
 }
 
 // From the first click to the disk, the banner and the history card, over
