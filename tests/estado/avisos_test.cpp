@@ -48,12 +48,32 @@ struct Prueba {
 
 } // namespace
 
-// Each row: free bytes at an hour of the clock, and how many notices have
-// gone out after it; then a click on the last.
-TEST(Avisos, UmbralesBandaY24HorasYClic)
+// The limit: the variable of test mode when it is a whole number, else the
+// setting; 0 is off, and off arms nothing either. Then, at 10 GB, each row:
+// free bytes at an hour of the clock, and how many notices have gone out
+// after it; then a click on the last.
+TEST(Avisos, LimiteUmbralesBandaY24HorasYClic)
 {
     Prueba p;
     ASSERT_TRUE(p.servidor.activo());
+    const std::pair<std::optional<std::string>, int64_t> casos[] = {
+        {std::nullopt, 10}, {"abc", 10}, {"", 10}, {"+25", 25}, {"-3", -3}, {"7 ", 10}, {"+-3", 10}, {"0", 0}};
+    for (const auto& [variable, limite] : casos) {
+        apoyo::Variable v("VORLANO_AVISO_GB", variable);
+        EXPECT_EQ(p.avisos.limiteGB(), limite) << variable.value_or("(none)");
+    }
+    {
+        apoyo::Variable v("VORLANO_AVISO_GB", "25");
+        apoyo::Variable fuera("VORLANO_HOME", std::nullopt);
+        EXPECT_EQ(p.avisos.limiteGB(), 10);
+    }
+    p.preferencias.ponerAvisoGB(0);
+    p.avisos.revisar(1 * GB);
+    p.avisos.revisar(900 * GB);
+    EXPECT_EQ(p.enviados(), 0u);
+    EXPECT_FALSE(p.preferencias.booleano(Avisos::claveArmado).has_value());
+    p.preferencias.ponerAvisoGB(10);
+
     struct Paso {
         int64_t libre;
         int horas;
@@ -97,27 +117,4 @@ TEST(Avisos, UmbralesBandaY24HorasYClic)
     Avisos otra(p.preferencias, [&] { return p.ahora + hours(100); });
     otra.revisar(1 * GB);
     EXPECT_EQ(p.enviados(), 2u);
-}
-
-// The limit: the variable of test mode when it is a whole number, else the
-// setting; 0 is off, and off arms nothing either.
-TEST(Avisos, Limite)
-{
-    Prueba p;
-    const std::pair<std::optional<std::string>, int64_t> casos[] = {
-        {std::nullopt, 10}, {"abc", 10}, {"", 10}, {"+25", 25}, {"-3", -3}, {"7 ", 10}, {"+-3", 10}, {"0", 0}};
-    for (const auto& [variable, limite] : casos) {
-        apoyo::Variable v("VORLANO_AVISO_GB", variable);
-        EXPECT_EQ(p.avisos.limiteGB(), limite) << variable.value_or("(none)");
-    }
-    {
-        apoyo::Variable v("VORLANO_AVISO_GB", "25");
-        apoyo::Variable fuera("VORLANO_HOME", std::nullopt);
-        EXPECT_EQ(p.avisos.limiteGB(), 10);
-    }
-    p.preferencias.ponerAvisoGB(0);
-    p.avisos.revisar(1 * GB);
-    p.avisos.revisar(900 * GB);
-    EXPECT_EQ(p.enviados(), 0u);
-    EXPECT_FALSE(p.preferencias.booleano(Avisos::claveArmado).has_value());
 }
