@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The widget's host on the offscreen platform, over the test's own session
-// bus: it redraws when the program says so, its controls hand their links to
-// the running program, and it keeps its size, its place and its login entry.
+// bus.
 #include "widget/anfitrion.h"
 
 #include "apoyo/casa.h"
@@ -30,15 +29,48 @@ QAction* accion(AnfitrionWidget& a, const char* nombre)
 
 } // namespace
 
-TEST(AnfitrionWidget, RedibujaYAbreEnlaces)
+// From a fresh store: the small family, its size, place and login entry kept
+// for the next start. Then one asked for on the command line: it redraws at
+// each reload of the program and its controls hand their links over.
+TEST(AnfitrionWidget, RecuerdaRedibujaYAbreEnlaces)
 {
     apoyo::CasaPrueba casa;
     apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
+    {
+        AnfitrionWidget anfitrion(VORLANO_BIN, std::nullopt);
+        EXPECT_EQ(anfitrion.familia(), Familia::chico);
+        anfitrion.mostrar();
+        EXPECT_EQ(anfitrion.ventana().size(), QSize(170, 170));
+        accion(anfitrion, "grande")->trigger();
+        EXPECT_EQ(anfitrion.ventana().size(), QSize(364, 382));
+        anfitrion.ventana().setPosition(100, 120);
+
+        // The login entry, turned on and off from the menu.
+        QAction* inicio = accion(anfitrion, "inicioSesion");
+        ASSERT_NE(inicio, nullptr);
+        inicio->trigger();
+        EXPECT_TRUE(plataforma::inicioSesionActivo(plataforma::Arranque::widget));
+        EXPECT_FALSE(plataforma::inicioSesionActivo(plataforma::Arranque::programa));
+        const std::string entrada =
+            apoyo::leer(std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "autostart/vorlano-widget.desktop");
+        EXPECT_NE(entrada.find(" --widget\n"), std::string::npos) << entrada;
+        inicio->trigger();
+        EXPECT_FALSE(plataforma::inicioSesionActivo(plataforma::Arranque::widget));
+    }
+    {
+        AnfitrionWidget otra(VORLANO_BIN, std::nullopt);
+        EXPECT_EQ(otra.familia(), Familia::grande);
+        otra.mostrar();
+        EXPECT_EQ(otra.ventana().size(), QSize(364, 382));
+        EXPECT_EQ(otra.ventana().position(), QPoint(100, 120));
+    }
+
     // The program, listening as a running one does.
     Instancia programa(plataforma::rutaInstancia(casa.raiz(), true));
     ASSERT_TRUE(programa.escuchar());
     QSignalSpy recibidos(&programa, &Instancia::recibido);
 
+    // A family asked for on the command line wins, and is kept.
     AnfitrionWidget anfitrion(VORLANO_BIN, Familia::mediano);
     anfitrion.mostrar();
     QQuickView& v = anfitrion.ventana();
@@ -67,39 +99,5 @@ TEST(AnfitrionWidget, RedibujaYAbreEnlaces)
         EXPECT_EQ(recibidos.last().at(0).toStringList(), QStringList{QLatin1String(enlace)});
     }
     EXPECT_EQ(refrescos.count(), 3);
-}
-
-TEST(AnfitrionWidget, RecuerdaTamanoLugarEInicio)
-{
-    apoyo::CasaPrueba casa;
-    apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
-    {
-        AnfitrionWidget anfitrion(VORLANO_BIN, std::nullopt);
-        EXPECT_EQ(anfitrion.familia(), Familia::chico);
-        anfitrion.mostrar();
-        EXPECT_EQ(anfitrion.ventana().size(), QSize(170, 170));
-        accion(anfitrion, "grande")->trigger();
-        EXPECT_EQ(anfitrion.ventana().size(), QSize(364, 382));
-        anfitrion.ventana().setPosition(100, 120);
-
-        // The login entry, turned on and off from the menu.
-        QAction* inicio = accion(anfitrion, "inicioSesion");
-        ASSERT_NE(inicio, nullptr);
-        inicio->trigger();
-        EXPECT_TRUE(plataforma::inicioSesionActivo(plataforma::Arranque::widget));
-        EXPECT_FALSE(plataforma::inicioSesionActivo(plataforma::Arranque::programa));
-        const std::string entrada =
-            apoyo::leer(std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "autostart/vorlano-widget.desktop");
-        EXPECT_NE(entrada.find(" --widget\n"), std::string::npos) << entrada;
-        inicio->trigger();
-        EXPECT_FALSE(plataforma::inicioSesionActivo(plataforma::Arranque::widget));
-    }
-    AnfitrionWidget otra(VORLANO_BIN, std::nullopt);
-    EXPECT_EQ(otra.familia(), Familia::grande);
-    otra.mostrar();
-    EXPECT_EQ(otra.ventana().size(), QSize(364, 382));
-    EXPECT_EQ(otra.ventana().position(), QPoint(100, 120));
-    // A family asked for on the command line wins, and is kept.
-    EXPECT_EQ(AnfitrionWidget(VORLANO_BIN, Familia::mediano).familia(), Familia::mediano);
     EXPECT_EQ(AnfitrionWidget(VORLANO_BIN, std::nullopt).familia(), Familia::mediano);
 }
