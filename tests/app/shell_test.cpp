@@ -46,11 +46,16 @@ TEST(VorlanoApp, LeerEnlace)
 // A socket left behind by a crashed instance is taken over; a live one isn't.
 // Later starts hand their links to the running program and end at once; only
 // the first link of a start counts, unknown ones change nothing, and a start
-// without links brings the window back.
-TEST(VorlanoApp, EnlacesDeOtrosProcesos)
+// without links brings the window back. Then its windows are closed.
+TEST(VorlanoApp, EnlacesYVentanas)
 {
     CasaPrueba casa;
     apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
+    Preferencias& p = Preferencias::shared();
+    p.registrarDefectos();
+    // A fresh store: the tray item on, notices under 20 GB.
+    EXPECT_TRUE(p.conBarraMenu());
+    EXPECT_EQ(Avisos::shared().limiteGB(), 20);
     const auto ruta = plataforma::rutaInstancia(casa.raiz(), true);
     const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
     sockaddr_un dir{};
@@ -89,23 +94,10 @@ TEST(VorlanoApp, EnlacesDeOtrosProcesos)
     ASSERT_TRUE(hasta([&] { return app.ventana() != nullptr && app.ventana()->isVisible(); }));
     EXPECT_TRUE(app.ventana()->objectName().startsWith(QStringLiteral("principal")));
     Ventana::abrir = nullptr;
-}
 
-// With the tray setting the program outlives its windows; without it, it
-// ends with the last one, whichever that is.
-TEST(VorlanoApp, CerrarVentanas)
-{
-    CasaPrueba casa;
-    apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
-    Preferencias& p = Preferencias::shared();
-    p.registrarDefectos();
-    // A fresh store: the tray item on, notices under 20 GB.
-    EXPECT_TRUE(p.conBarraMenu());
-    EXPECT_EQ(Avisos::shared().limiteGB(), 20);
-
-    VorlanoApp app(casa.entorno());
+    // With the tray setting the program outlives its windows; without it, it
+    // ends with the last one, whichever that is.
     QSignalSpy salir(&app, &VorlanoApp::salir);
-    app.abrirVentanaPrincipal();
     app.ventana()->close();
     QCoreApplication::processEvents();
     EXPECT_FALSE(app.ventana()->isVisible());
