@@ -288,6 +288,7 @@ TEST(PantallaLimpieza, DeLaVentanaAlDisco)
     for (const std::string& p : {std::string("app.uno"), largo, std::string("grande.cache")})
         EXPECT_TRUE(fs::is_directory(c.ruta("Library/Caches/" + p)) && fs::is_empty(c.ruta("Library/Caches/" + p))) << p;
     EXPECT_TRUE(fs::exists(c.ruta("Otra/app.tres/datos")));
+    EXPECT_TRUE(fs::is_symlink(c.ruta("Library/Caches/app.tres")));
     const fs::path datos = plataforma::carpetaPapelera().parent_path();
     const auto enLaPapelera = apoyo::papelera(datos);
     ASSERT_EQ(enLaPapelera.size(), 1u);
