@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The application shell on the offscreen platform: links from other
-// processes, closing windows, the login item, and the whole program run as a
-// user would start it.
+// processes, closing windows, and the whole program run as a user would
+// start it.
 #include "app/vorlano_app.h"
 
 #include "apoyo/bus.h"
@@ -43,15 +43,30 @@ TEST(VorlanoApp, LeerEnlace)
         EXPECT_EQ(VorlanoApp::leerEnlace(QString::fromUtf8(url)), enlace) << url;
 }
 
+// A socket left behind by a crashed instance is taken over; a live one isn't.
 // Later starts hand their links to the running program and end at once; only
 // the first link of a start counts, unknown ones change nothing, and a start
-// without links brings the window back.
-TEST(VorlanoApp, EnlacesDeOtrosProcesos)
+// without links brings the window back. Then its windows are closed.
+TEST(VorlanoApp, EnlacesYVentanas)
 {
     CasaPrueba casa;
     apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
+    Preferencias& p = Preferencias::shared();
+    p.registrarDefectos();
+    // A fresh store: the tray item on, notices under 20 GB.
+    EXPECT_TRUE(p.conBarraMenu());
+    EXPECT_EQ(Avisos::shared().limiteGB(), 20);
+    const auto ruta = plataforma::rutaInstancia(casa.raiz(), true);
+    const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un dir{};
+    dir.sun_family = AF_UNIX;
+    std::strncpy(dir.sun_path, ruta.c_str(), sizeof dir.sun_path - 1);
+    ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&dir), sizeof dir), 0);
+    ::close(fd);
+    EXPECT_FALSE(plataforma::entregarAInstancia(ruta, "vorlano\n"));
     VorlanoApp app(casa.entorno());
     ASSERT_TRUE(app.escuchar());
+    ASSERT_FALSE(Instancia(ruta).escuchar());
     // No window yet: each link waits in Navegacion, and asks for the window.
     int abrir = 0;
     Ventana::abrir = [&] { ++abrir; };
@@ -67,63 +82,22 @@ TEST(VorlanoApp, EnlacesDeOtrosProcesos)
     EXPECT_EQ(Navegacion::shared().tomar(), QString());
     EXPECT_EQ(abrir, 1);
 
-    for (const char* nada : {"vorlano://nada", "http://mapa", "vorlano:mapa", "vorlano://"})
-        enviar({nada});
+    enviar({"vorlano://nada"});
     enviar({"vorlano://limpieza", "vorlano://mapa"});
     EXPECT_EQ(llega(), QStringLiteral("limpieza"));
     enviar({"vorlano://resumen/" + std::string(10'000, 'x')});
     EXPECT_EQ(llega(), QStringLiteral("resumen"));
     EXPECT_EQ(abrir, 3);
 
-    // A start without links shows the window, which then serves "analizar"
-    // by starting an analysis.
+    // A start without links shows the window.
     enviar({});
     ASSERT_TRUE(hasta([&] { return app.ventana() != nullptr && app.ventana()->isVisible(); }));
     EXPECT_TRUE(app.ventana()->objectName().startsWith(QStringLiteral("principal")));
-    enviar({"vorlano://analizar"});
-    ASSERT_TRUE(esperar(&app.estado(), &Estado::analisisTerminado));
-    EXPECT_EQ(app.estado().analisisID(), 1);
-    EXPECT_FALSE(Navegacion::shared().pendiente());
     Ventana::abrir = nullptr;
-}
 
-// A socket left behind by a crashed instance is taken over; a live one isn't.
-TEST(VorlanoApp, SocketAbandonado)
-{
-    CasaPrueba casa;
-    const auto ruta = plataforma::rutaInstancia(casa.raiz(), true);
-    const int fd = ::socket(AF_UNIX, SOCK_STREAM, 0);
-    sockaddr_un dir{};
-    dir.sun_family = AF_UNIX;
-    std::strncpy(dir.sun_path, ruta.c_str(), sizeof dir.sun_path - 1);
-    ASSERT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&dir), sizeof dir), 0);
-    ::close(fd);
-    EXPECT_FALSE(plataforma::entregarAInstancia(ruta, "vorlano\n"));
-
-    Instancia primera(ruta), segunda(ruta);
-    EXPECT_TRUE(primera.escuchar());
-    EXPECT_FALSE(segunda.escuchar());
-    EXPECT_TRUE(segunda.entregar({QStringLiteral("vorlano://mapa")}));
-    QSignalSpy recibido(&primera, &Instancia::recibido);
-    ASSERT_TRUE(esperar(recibido));
-    EXPECT_EQ(recibido.at(0).at(0).toStringList(), QStringList{QStringLiteral("vorlano://mapa")});
-}
-
-// With the tray setting the program outlives its windows; without it, it
-// ends with the last one, whichever that is.
-TEST(VorlanoApp, CerrarVentanas)
-{
-    CasaPrueba casa;
-    apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
-    Preferencias& p = Preferencias::shared();
-    p.registrarDefectos();
-    // A fresh store: the tray item on, notices under 20 GB.
-    EXPECT_TRUE(p.conBarraMenu());
-    EXPECT_EQ(Avisos::shared().limiteGB(), 20);
-
-    VorlanoApp app(casa.entorno());
+    // With the tray setting the program outlives its windows; without it, it
+    // ends with the last one, whichever that is.
     QSignalSpy salir(&app, &VorlanoApp::salir);
-    app.abrirVentanaPrincipal();
     app.ventana()->close();
     QCoreApplication::processEvents();
     EXPECT_FALSE(app.ventana()->isVisible());
@@ -139,25 +113,6 @@ TEST(VorlanoApp, CerrarVentanas)
     app.ajustes()->close();
     QCoreApplication::processEvents();
     EXPECT_EQ(salir.count(), 1);
-}
-
-// The login item is an autostart entry in the config home, written and
-// removed as the setting changes.
-TEST(VorlanoApp, InicioSesion)
-{
-    CasaPrueba casa;
-    Estado e(casa.entorno());
-    const auto entrada = std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "autostart/vorlano.desktop";
-    EXPECT_FALSE(e.abrirAlIniciar());
-    e.cambiarInicioSesion(true);
-    EXPECT_TRUE(e.abrirAlIniciar());
-    const std::string texto = apoyo::leer(entrada);
-    EXPECT_NE(texto.find("Exec=\"" + std::filesystem::read_symlink("/proc/self/exe").string() + "\"\n"),
-              std::string::npos)
-        << texto;
-    e.cambiarInicioSesion(false);
-    EXPECT_FALSE(e.abrirAlIniciar());
-    EXPECT_FALSE(std::filesystem::exists(entrada));
 }
 
 // The program as a user starts it: it stays up, warns once about 5 seconds

@@ -13,15 +13,7 @@
 
 #include <functional>
 
-// Runs the event loop until the object emits the signal.
-template <typename Objeto, typename Senal>
-bool esperar(Objeto* objeto, Senal senal)
-{
-    QSignalSpy espia(objeto, senal);
-    return espia.wait(120'000);
-}
-
-// The same, for a signal that may already have come: the spy is made first.
+// Runs the event loop until the spy has seen the signal that many times.
 inline bool esperar(QSignalSpy& espia, int veces = 1)
 {
     while (espia.count() < veces)

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The window on the demo home of scripts/casa-demo.sh, driven by clicks as a
-// user would, through a state of each screen: these are the screenshots
-// that show the look on a home with something in it.
+// The window on the demo home, clicked through a state of each screen: the
+// screenshots of a home with something in it.
 #include "pantallas/comun.h"
 
 #include "estado/estado_apps.h"

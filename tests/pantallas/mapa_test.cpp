@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The map section of the window over a scratch home: its pages, selecting
-// and entering tiles, the crumbs, the lock, moves to the Trash redrawn
-// without measuring again; and the tiles' labels by size.
+// The map section of the window over a scratch home, and the tiles' labels.
 #include "pantallas/comun.h"
 
 #include "estado/estado_mapa.h"
@@ -159,8 +157,9 @@ TEST(PantallaMapa, EtiquetasSegunElTamano)
     for (int i = 0; i < 60; ++i)
         casa.reservado("Iguales/" + std::to_string(100 + i), 100'000);
     EstadoMapa mapa(casa.entorno());
+    QSignalSpy medido(&mapa, &EstadoMapa::medicionTerminada);
     mapa.medir();
-    ASSERT_TRUE(esperar(&mapa, &EstadoMapa::medicionTerminada));
+    ASSERT_TRUE(esperar(medido));
     mapa.entrar(Nodo(hijo(mapa.raiz(), "Iguales")));
     ModeloBaldosas baldosas;
     baldosas.ponerEstado(&mapa);

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window as a whole: its sections, the sidebar, the links it
-// serves, the welcome, the settings window beside it, and the icon table
-// every screen draws with.
+// The main window as a whole, the settings window, and the icon table.
 #include "pantallas/comun.h"
 
 #include "escaner/escaner.h"
@@ -41,14 +39,28 @@ TEST(Iconos, TablaCompleta)
     EXPECT_TRUE(fuente.supportsCharacter(QChar(glifoDe("no.existe"))));
 }
 
-// The sections by the sidebar with the window's title, the test-mode mark
-// and the disk line; then links: each shows its section, "analizar" starts
-// an analysis only when none runs, "mapa" starts measuring.
-TEST(Principal, SeccionesYEnlaces)
+// A damaged settings file: values that mean nothing count as defaults (the
+// welcome not seen, 20 GB), the sensible one (tray item off) is read. The
+// welcome, then the sections by the sidebar with the window's title, the
+// test-mode mark and the disk line; links: each shows its section,
+// "analizar" starts an analysis only when none runs, "mapa" starts
+// measuring. Then each control of the settings window stores what it shows.
+TEST(Principal, BienvenidaSeccionesEnlacesYAjustes)
 {
-    VentanaPrueba v;
+    VentanaPrueba v(std::nullopt, [](apoyo::CasaPrueba&) {
+        const std::filesystem::path conf = std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "Vorlano/Vorlano.conf";
+        std::filesystem::create_directories(conf.parent_path());
+        std::ofstream(conf) << "[General]\nbarraMenu=false\navisoGB=muchos\nbienvenidaVista=7\n\x01\xff=\x02\n[[roto\n=\n";
+    });
+    Preferencias& p = Preferencias::shared();
+    ASSERT_TRUE(hasta([&] { return v.visible("bienvenida"); }));
+    v.asentar(300);
+    pantallas::capturar(v.ventana(), "bienvenida");
+    v.pulsar("empezar");
+    EXPECT_TRUE(p.bienvenidaVista());
+    EXPECT_TRUE(hasta([&] { return !v.visible("bienvenida"); }));
+
     EXPECT_EQ(v.ventana()->title().toStdString(), "Resumen");
-    EXPECT_FALSE(v.visible("bienvenida"));
     EXPECT_TRUE(v.visible("modoPrueba"));
     EXPECT_EQ(v.texto("libres"), formatoBytes(v.estado().libre()) + " libres de " + formatoBytes(v.estado().total()));
     EXPECT_FALSE(v.visible("insignia"));
@@ -82,47 +94,6 @@ TEST(Principal, SeccionesYEnlaces)
     EXPECT_TRUE(v.leer("mapa", "estado").value<QObject*>()->property("midiendo").toBool());
     Navegacion::shared().ir(Enlace::desinstalar);
     EXPECT_EQ(v.seccion(), "desinstalar");
-}
-
-// With the English catalogue installed, the window and the texts computed
-// in C++ for it speak English.
-TEST(Principal, EnIngles)
-{
-    QTranslator ingles;
-    ASSERT_TRUE(ingles.load(QStringLiteral("vorlano_en"), QStringLiteral(":/i18n")));
-    QCoreApplication::installTranslator(&ingles);
-    {
-        VentanaPrueba v;
-        EXPECT_EQ(v.ventana()->title().toStdString(), "Overview");
-        EXPECT_EQ(v.texto("libres"), formatoBytes(v.estado().libre()) + " free of " + formatoBytes(v.estado().total()));
-        pantallas::capturar(v.ventana(), "ingles");
-        v.pulsar("seccion-mapa");
-        EXPECT_EQ(v.ventana()->title().toStdString(), "Disk map");
-    }
-    QCoreApplication::removeTranslator(&ingles);
-}
-
-// A settings file nobody sane wrote: a value that means nothing counts as
-// its default (the welcome not seen, 20 GB), while the one sensible value in
-// it (the tray item off) shows that the file was read. The welcome comes up
-// and "Empezar" stores that it was seen; in the settings window, "Nunca"
-// stores 0, another choice its gigabytes, a stored value that isn't a
-// choice shows as it is, the switch stores its state, and "see it again"
-// brings the welcome back.
-TEST(PantallaAjustes, BienvenidaYAjustes)
-{
-    VentanaPrueba v(std::nullopt, [](apoyo::CasaPrueba&) {
-        const std::filesystem::path conf = std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "Vorlano/Vorlano.conf";
-        std::filesystem::create_directories(conf.parent_path());
-        std::ofstream(conf) << "[General]\nbarraMenu=false\navisoGB=muchos\nbienvenidaVista=7\n\x01\xff=\x02\n[[roto\n=\n";
-    });
-    Preferencias& p = Preferencias::shared();
-    ASSERT_TRUE(hasta([&] { return v.visible("bienvenida"); }));
-    v.asentar(300);
-    pantallas::capturar(v.ventana(), "bienvenida");
-    v.pulsar("empezar");
-    EXPECT_TRUE(p.bienvenidaVista());
-    EXPECT_TRUE(hasta([&] { return !v.visible("bienvenida"); }));
 
     v.app().abrirAjustes();
     ASSERT_NE(v.app().ajustes(), nullptr);
@@ -143,6 +114,16 @@ TEST(PantallaAjustes, BienvenidaYAjustes)
     v.pulsar("barraMenu");
     EXPECT_TRUE(p.conBarraMenu());
     EXPECT_TRUE(v.leer("barraMenu", "checked").toBool());
+    // The login switch shows what the system holds: an autostart entry that
+    // starts this very program.
+    const auto entrada = std::filesystem::path(std::getenv("XDG_CONFIG_HOME")) / "autostart/vorlano.desktop";
+    for (const bool activo : {true, false}) {
+        v.pulsar("inicioSesion");
+        EXPECT_EQ(v.leer("inicioSesion", "checked").toBool(), activo);
+        EXPECT_EQ(apoyo::leer(entrada).find("Exec=\"" + std::filesystem::read_symlink("/proc/self/exe").string() + "\"\n") !=
+                      std::string::npos,
+                  activo);
+    }
     // Outside a sandbox the home is fully ours.
     EXPECT_TRUE(v.visible("activado"));
     EXPECT_FALSE(v.texto("version").empty());
@@ -150,4 +131,22 @@ TEST(PantallaAjustes, BienvenidaYAjustes)
     v.pulsar("verBienvenida");
     EXPECT_FALSE(p.bienvenidaVista());
     EXPECT_TRUE(hasta([&] { return v.visible("bienvenida"); }));
+}
+
+// With the English catalogue installed, the window and the texts computed
+// in C++ for it speak English.
+TEST(Principal, EnIngles)
+{
+    QTranslator ingles;
+    ASSERT_TRUE(ingles.load(QStringLiteral("vorlano_en"), QStringLiteral(":/i18n")));
+    QCoreApplication::installTranslator(&ingles);
+    {
+        VentanaPrueba v;
+        EXPECT_EQ(v.ventana()->title().toStdString(), "Overview");
+        EXPECT_EQ(v.texto("libres"), formatoBytes(v.estado().libre()) + " free of " + formatoBytes(v.estado().total()));
+        pantallas::capturar(v.ventana(), "ingles");
+        v.pulsar("seccion-mapa");
+        EXPECT_EQ(v.ventana()->title().toStdString(), "Disk map");
+    }
+    QCoreApplication::removeTranslator(&ingles);
 }

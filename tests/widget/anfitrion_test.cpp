@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The widget's host on the offscreen platform, over the test's own session
-// bus: it redraws when the program says so, its controls hand their links to
-// the running program, and it keeps its size, its place and its login entry.
+// bus.
 #include "widget/anfitrion.h"
 
 #include "apoyo/casa.h"
@@ -30,46 +29,10 @@ QAction* accion(AnfitrionWidget& a, const char* nombre)
 
 } // namespace
 
-TEST(AnfitrionWidget, RedibujaYAbreEnlaces)
-{
-    apoyo::CasaPrueba casa;
-    apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
-    // The program, listening as a running one does.
-    Instancia programa(plataforma::rutaInstancia(casa.raiz(), true));
-    ASSERT_TRUE(programa.escuchar());
-    QSignalSpy recibidos(&programa, &Instancia::recibido);
-
-    AnfitrionWidget anfitrion(VORLANO_BIN, Familia::mediano);
-    anfitrion.mostrar();
-    QQuickView& v = anfitrion.ventana();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&v));
-    EXPECT_EQ(v.size(), QSize(364, 170));
-    for (const auto bandera : {Qt::FramelessWindowHint, Qt::WindowStaysOnBottomHint, Qt::Tool})
-        EXPECT_TRUE(v.flags().testFlag(bandera)) << bandera;
-
-    // Each reload of the program, a cleaning say, is one redraw.
-    QSignalSpy refrescos(&anfitrion, &AnfitrionWidget::refrescado);
-    for (int i = 1; i <= 3; ++i) {
-        plataforma::recargarWidgets();
-        EXPECT_TRUE(esperar(refrescos, i)) << i;
-    }
-
-    // A click on the map button hands vorlano://mapa to the program.
-    QQuickItem* boton = buscar(v.rootObject(), QStringLiteral("vorlano://mapa"));
-    ASSERT_NE(boton, nullptr);
-    QTest::mouseClick(&v, Qt::LeftButton, {}, boton->mapToScene(QPointF(boton->width() / 2, boton->height() / 2)).toPoint());
-    ASSERT_TRUE(esperar(recibidos, 1));
-    EXPECT_EQ(recibidos.at(0).at(0).toStringList(), QStringList{QStringLiteral("vorlano://mapa")});
-    // And one on the ring, the summary.
-    QQuickItem* anillo = buscar(v.rootObject(), QStringLiteral("anilloResumen"));
-    ASSERT_NE(anillo, nullptr);
-    QTest::mouseClick(&v, Qt::LeftButton, {}, anillo->mapToScene(QPointF(anillo->width() / 2, anillo->height() / 2)).toPoint());
-    ASSERT_TRUE(esperar(recibidos, 2));
-    EXPECT_EQ(recibidos.at(1).at(0).toStringList(), QStringList{QStringLiteral("vorlano://resumen")});
-    EXPECT_EQ(refrescos.count(), 3);
-}
-
-TEST(AnfitrionWidget, RecuerdaTamanoLugarEInicio)
+// From a fresh store: the small family, its size, place and login entry kept
+// for the next start. Then one asked for on the command line: it redraws at
+// each reload of the program and its controls hand their links over.
+TEST(AnfitrionWidget, RecuerdaRedibujaYAbreEnlaces)
 {
     apoyo::CasaPrueba casa;
     apoyo::Variable home("VORLANO_HOME", casa.raiz().string());
@@ -94,12 +57,47 @@ TEST(AnfitrionWidget, RecuerdaTamanoLugarEInicio)
         inicio->trigger();
         EXPECT_FALSE(plataforma::inicioSesionActivo(plataforma::Arranque::widget));
     }
-    AnfitrionWidget otra(VORLANO_BIN, std::nullopt);
-    EXPECT_EQ(otra.familia(), Familia::grande);
-    otra.mostrar();
-    EXPECT_EQ(otra.ventana().size(), QSize(364, 382));
-    EXPECT_EQ(otra.ventana().position(), QPoint(100, 120));
+    {
+        AnfitrionWidget otra(VORLANO_BIN, std::nullopt);
+        EXPECT_EQ(otra.familia(), Familia::grande);
+        otra.mostrar();
+        EXPECT_EQ(otra.ventana().size(), QSize(364, 382));
+        EXPECT_EQ(otra.ventana().position(), QPoint(100, 120));
+    }
+
+    // The program, listening as a running one does.
+    Instancia programa(plataforma::rutaInstancia(casa.raiz(), true));
+    ASSERT_TRUE(programa.escuchar());
+    QSignalSpy recibidos(&programa, &Instancia::recibido);
+
     // A family asked for on the command line wins, and is kept.
-    EXPECT_EQ(AnfitrionWidget(VORLANO_BIN, Familia::mediano).familia(), Familia::mediano);
+    AnfitrionWidget anfitrion(VORLANO_BIN, Familia::mediano);
+    anfitrion.mostrar();
+    QQuickView& v = anfitrion.ventana();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&v));
+    EXPECT_EQ(v.size(), QSize(364, 170));
+    for (const auto bandera : {Qt::FramelessWindowHint, Qt::WindowStaysOnBottomHint, Qt::Tool})
+        EXPECT_TRUE(v.flags().testFlag(bandera)) << bandera;
+
+    // Each reload of the program, a cleaning say, is one redraw.
+    QSignalSpy refrescos(&anfitrion, &AnfitrionWidget::refrescado);
+    for (int i = 1; i <= 3; ++i) {
+        plataforma::recargarWidgets();
+        EXPECT_TRUE(esperar(refrescos, i)) << i;
+    }
+
+    // A click on the map button hands vorlano://mapa to the program, and one
+    // on the ring the summary.
+    const std::pair<const char*, const char*> controles[] = {{"vorlano://mapa", "vorlano://mapa"},
+                                                             {"anilloResumen", "vorlano://resumen"}};
+    int clics = 0;
+    for (const auto& [nombre, enlace] : controles) {
+        QQuickItem* control = buscar(v.rootObject(), QLatin1String(nombre));
+        ASSERT_NE(control, nullptr) << nombre;
+        QTest::mouseClick(&v, Qt::LeftButton, {}, control->mapToScene(QPointF(control->width() / 2, control->height() / 2)).toPoint());
+        ASSERT_TRUE(esperar(recibidos, ++clics));
+        EXPECT_EQ(recibidos.last().at(0).toStringList(), QStringList{QLatin1String(enlace)});
+    }
+    EXPECT_EQ(refrescos.count(), 3);
     EXPECT_EQ(AnfitrionWidget(VORLANO_BIN, std::nullopt).familia(), Familia::mediano);
 }
