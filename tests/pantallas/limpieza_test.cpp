@@ -6,6 +6,7 @@
 #include "desinstalador/fixturas.h"
 #include "estado/historial_compartido.h"
 #include "pantallas/filas_limpieza.h"
+#include "widget/anfitrion.h"
 
 #include <QTest>
 
@@ -276,10 +277,17 @@ TEST(PantallaLimpieza, DeLaVentanaAlDisco)
     fs::create_symlink("../../Otra/app.tres", c.ruta("Library/Caches/app.tres"));
 
     QSignalSpy limpieza(&v.estado(), &Estado::limpiezaTerminada);
+    // The desktop widget beside the window: told over the session bus when
+    // the cleaning is done, it has redrawn by the end of the new analysis
+    // (its own clock would take a minute).
+    std::optional<AnfitrionWidget> widget(std::in_place, VORLANO_BIN, Familia::chico);
+    QSignalSpy redibujos(&*widget, &AnfitrionWidget::refrescado);
     v.pulsar("limpiar");
     v.pulsar(v.buscar("confirmar", "aceptar"));
     ASSERT_TRUE(esperar(limpieza));
     v.asentar(400);
+    EXPECT_EQ(redibujos.count(), 1);
+    widget.reset();
     // A cleaning ends in a new analysis.
     EXPECT_EQ(e.analisisID(), 2);
 
