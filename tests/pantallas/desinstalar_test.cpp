@@ -217,7 +217,9 @@ TEST(PantallaDesinstalar, Soltar)
     v.asentar();
     EXPECT_FALSE(v.visible("contorno"));
 
-    for (const auto& rutas : std::vector<std::vector<fs::path>>{{nota}, {sinInfo.parent_path().parent_path()}, {nota, aguja}}) {
+    std::vector<fs::path> cincuenta(50, aguja); // at once, the first no application
+    cincuenta.front() = nota;
+    for (const auto& rutas : std::vector<std::vector<fs::path>>{{nota}, {sinInfo.parent_path().parent_path()}, cincuenta}) {
         arrastrar(v, rutas);
         EXPECT_FALSE(v.visible("contorno"));
         EXPECT_FALSE(apps->elegida()) << rutas.front();
