@@ -108,6 +108,8 @@ private:
     // The applications of the system's package formats, the AppImages and
     // the home programs, unfiltered and unsorted.
     std::vector<AppInstalada> programas() const;
+    // The Flatpak installations to look in: the user's, then the system's.
+    std::vector<plataforma::InstalacionFlatpak> instalacionesFlatpak() const;
 
     // restos for a Linux home: appends to r what the application left in the
     // base folders and the desktop's folders, skipping paths already in r.

@@ -60,12 +60,9 @@ std::optional<std::string> Desinstalador::quitarPaquete(const AppInstalada& app)
     const plataforma::AppPaquete paquete{.id = app.bundleID, .carpeta = app.url};
     // The installation is the one whose app/ folder holds it.
     std::string opcion = "--system";
-    if (dentroDe(app.url, entorno.base(plataforma::Base::datos)))
-        opcion = "--user";
-    else
-        for (const plataforma::InstalacionFlatpak& i : flatpaksSistema)
-            if (app.url.parent_path().parent_path() == i.carpeta)
-                opcion = i.opcion;
+    for (const plataforma::InstalacionFlatpak& i : instalacionesFlatpak())
+        if (app.url.parent_path().parent_path() == i.carpeta)
+            opcion = i.opcion;
     const plataforma::Desinstalacion d = app.tipo == TipoApp::snap
                                              ? plataforma::quitarSnap(app.bundleID, programas)
                                              : plataforma::quitarFlatpak(paquete, opcion, programas);

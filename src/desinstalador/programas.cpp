@@ -81,13 +81,18 @@ std::vector<fs::path> appImagesEn(const fs::path& carpeta)
 
 } // namespace
 
+std::vector<plataforma::InstalacionFlatpak> Desinstalador::instalacionesFlatpak() const
+{
+    std::vector<plataforma::InstalacionFlatpak> r{{entorno.base(plataforma::Base::datos) / "flatpak", "--user"}};
+    r.insert(r.end(), flatpaksSistema.begin(), flatpaksSistema.end());
+    return r;
+}
+
 std::vector<AppInstalada> Desinstalador::programas() const
 {
     std::vector<AppInstalada> r;
     const fs::path datos = entorno.base(plataforma::Base::datos);
-    std::vector<plataforma::InstalacionFlatpak> instalaciones{{datos / "flatpak", "--user"}};
-    instalaciones.insert(instalaciones.end(), flatpaksSistema.begin(), flatpaksSistema.end());
-    for (const plataforma::InstalacionFlatpak& inst : instalaciones)
+    for (const plataforma::InstalacionFlatpak& inst : instalacionesFlatpak())
         for (plataforma::AppPaquete& p : plataforma::appsFlatpak(inst.carpeta))
             r.push_back(dePaquete(std::move(p), TipoApp::flatpak));
     for (plataforma::AppPaquete& p : plataforma::appsSnap(snaps, paquetesSnap))
